@@ -1,0 +1,67 @@
+#ifndef ZRBASE_TOOLS2D_SIDETESTS_H
+#define ZRBASE_TOOLS2D_SIDETESTS_H
+
+#include <zrBase/export.h>
+#include <zrBase/geometry/gdfVertex.h>
+#include <zrBase/tools2d/side.h>
+
+namespace zr2DTools {
+
+/// Side of a vertex against a vector, in the x-y plane.
+///
+/// The direction to p is normalised, the vector `direction` is used as it stands. The measure is
+/// w.y v.x - v.y w.x + w.z v.z; left above the tolerance, right below its negative, on the line in
+/// between, both bounds included. Its third term is 0 for flat data.
+inline zre::side getSideOfVector(const gdfVertex& origin, const gdfVertex& direction,
+                                 const gdfVertex& p, double tolerance) {
+  gdfVertex w = p - origin;
+  w.normalise();
+  // Kept on purpose (KeptSideMeasureAddsProductOfHeights): w.z v.z is no part of a cross product,
+  // and stays: sets of bisectors over templates with heights are built with it.
+  const double measure = w.y() * direction.x() - direction.y() * w.x() + w.z() * direction.z();
+  if (measure > tolerance) return zre::sideLeft;
+  if (measure < -tolerance) return zre::sideRight;
+  return zre::sideOn;
+}
+
+/// Side of a vertex against a directed segment. A vertex within 1e-05 of an end (each coordinate,
+/// strictly) is on the line whatever the tolerance; otherwise getSideOfVector along the normalised
+/// segment.
+inline zre::side getSideOfSegment(const gdfVertex& start, const gdfVertex& end, const gdfVertex& p,
+                                  double tolerance) {
+  constexpr double endCloseness = 1e-05;
+  // Kept on purpose (KeptEndsAreOnAtFixedCloseness): the tolerance argument plays no part at the
+  // ends.
+  if (p.equal(start, endCloseness) || p.equal(end, endCloseness)) return zre::sideOn;
+  gdfVertex direction = end - start;
+  direction.normalise();
+  return getSideOfVector(start, direction, p, tolerance);
+}
+
+/// Distance in space of a vertex from the infinite line through start and end, despite the name: a
+/// vertex beyond an end is measured to the line's continuation. -1.0 when start and end are equal.
+inline double getDistanceFromVertexToSegment(const gdfVertex& start, const gdfVertex& end,
+                                             const gdfVertex& p) {
+  if (start == end) return -1.0;
+  const gdfVertex along = end - start;
+  // Kept on purpose (KeptSegmentDistanceIsToTheInfiniteLine): no end is looked at.
+  return (along ^ (p - start)).length() / along.length();
+}
+
+/// Compass angle of the step from one vertex to another, in degrees: an azimuth clockwise from
+/// north, in [0, 360), but for a step exactly along the y axis: due north gives 180, due south (or
+/// no step at all) gives 0.
+ZRBASE_EXPORT double angle(const gdfVertex& from, const gdfVertex& to);
+
+/// Two vertices in ascending order of x, then y, then z; equal ones in the given order. Outputs may
+/// be inputs.
+ZRBASE_EXPORT void sortVertices(const gdfVertex& a, const gdfVertex& b, gdfVertex& first,
+                                gdfVertex& second);
+/// Three vertices: a and b sorted as above, then c put in by x alone; where its x equals that of
+/// its neighbour the two are sorted as above. Outputs may be inputs.
+ZRBASE_EXPORT void sortVertices(const gdfVertex& a, const gdfVertex& b, const gdfVertex& c,
+                                gdfVertex& first, gdfVertex& second, gdfVertex& last);
+
+}  // namespace zr2DTools
+
+#endif  // ZRBASE_TOOLS2D_SIDETESTS_H

@@ -1,0 +1,30 @@
+#ifndef ZRBASE_TOOLS3D_ZR3DTOOLS_H
+#define ZRBASE_TOOLS3D_ZR3DTOOLS_H
+
+/// @file
+/// Free functions on lines, triangles and planes in space. Lengths and distances are
+/// three-dimensional unless a function says that it works in the map plane; coordinates are in
+/// model units, x east, y north, z up.
+///
+/// | Header               | What it holds                                                         |
+/// |----------------------|-----------------------------------------------------------------------|
+/// | endSpecifier.h       | from which end of a line a distance is measured                       |
+/// | lineMeasures3D.h     | lengths and centres of lines                                          |
+/// | vertexDistances.h    | distances of a vertex from a segment or a line                        |
+/// | triangleMeasures.h   | areas of triangles, volume of a tetrahedron                           |
+/// | linePosition.h       | where on a line a vertex lies, which vertex lies at a distance        |
+/// | lineSampling.h       | lines resampled at an interval or by a ratio of the vertex count      |
+/// | reversedSegments.h   | report of a segment that runs against its line                        |
+
+#include <zrBase/tools3d/endSpecifier.h>
+#include <zrBase/tools3d/lineMeasures3D.h>
+#include <zrBase/tools3d/linePosition.h>
+#include <zrBase/tools3d/lineSampling.h>
+#include <zrBase/tools3d/reversedSegments.h>
+#include <zrBase/tools3d/triangleMeasures.h>
+#include <zrBase/tools3d/vertexDistances.h>
+
+/// Tools in space.
+namespace zr3DTools {}
+
+#endif  // ZRBASE_TOOLS3D_ZR3DTOOLS_H

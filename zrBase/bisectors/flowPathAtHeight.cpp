@@ -1,0 +1,202 @@
+#include <zrBase/bisectors/internal/domainGeometry.h>
+#include <zrBase/bisectors/zr2DBisectorSet.h>
+
+#include <cmath>
+
+using namespace bisectorInternal;
+
+namespace {
+
+constexpr std::size_t mostVertices = 5000;
+
+/// Walks one side of a template at a height, from its start to its end.
+class HeightWalk {
+ public:
+  HeightWalk(const VertexLine& line, zre::side side, const Chain& chain, double height,
+             zrFlowPath& path)
+      : line_(line), side_(side), chain_(chain), height_(std::fabs(height)), path_(path) {}
+
+  /// Takes the vertices alone: at each step the one nearest to the last, among the bisectors of one
+  /// domain.
+  void nearestVertices();
+  /// Takes vertices and slips: at each step the first bisector that reaches the height.
+  void firstVerticesWithSlip();
+
+ private:
+  /// A bisector's reach in height above a template vertex, across its left domain.
+  struct Reach {
+    gdfVertex normal;
+    double base;
+    double top;
+  };
+  struct Step {
+    int index = -1;
+    gdfVertex place;
+  };
+
+  bool isInterior(int segment) const {
+    return segment >= 0 && static_cast<std::size_t>(segment) + 2 < line_.size();
+  }
+  Reach reachOf(const zr2DBisector& b, const gdfVertex& origin) const;
+  bool qualifies(const zr2DBisector& b, const gdfVertex& origin, gdfVertex& place) const;
+  Step nearestStep(int segment, const gdfVertex& last) const;
+  Step firstStep(int segment) const;
+
+  const VertexLine& line_;
+  zre::side side_;
+  const Chain& chain_;
+  double height_;
+  zrFlowPath& path_;
+};
+
+HeightWalk::Reach HeightWalk::reachOf(const zr2DBisector& b, const gdfVertex& origin) const {
+  // Kept on purpose (KeptHeightIsMeasuredFromTheStepsVertex): heights start at the template vertex
+  // of the step, not at the start of the bisector's own left domain, of which only the normal is
+  // taken.
+  const gdfVertex q = domainNormal(line_, side_, b.getLeftDomain());
+  const double top = b.getTopConnect() == -1 ? gdfInternal::unset : (b.getTop() - origin) * q;
+  const double base = b.getType() == rootType ? 0.0 : (b.getBase() - origin) * q;
+  return {q, base, top};
+}
+
+bool HeightWalk::qualifies(const zr2DBisector& b, const gdfVertex& origin, gdfVertex& place) const {
+  const Reach reach = reachOf(b, origin);
+  if (!(reach.top >= height_ && 0.0 <= reach.base && reach.base <= height_)) return false;
+  // Kept on purpose (KeptUnguardedDivisionByRise): a bisector along its own domain's segment gives
+  // an infinite place here, where the climb of getVertexAtHeightOnBisectorChain guards the
+  // division.
+  const double f = (height_ - reach.base) / (b.getNormalVector() * reach.normal);
+  place = b.getBase() + b.getNormalVector() * f;
+  if (b.getTopConnect() == -1) return true;
+  return b.getVector().length() > (place - b.getBase()).length();
+}
+
+HeightWalk::Step HeightWalk::nearestStep(int segment, const gdfVertex& last) const {
+  const gdfVertex& origin = line_[static_cast<std::size_t>(segment)];
+  Step nearest;
+  int firstDomain = -1;
+  double least = gdfInternal::unset;
+  int index = segment;
+  for (ClimbLimit limit(chain_); isIn(chain_, index) && !limit.reached();
+       index = at(chain_, index).getTopConnect()) {
+    const zr2DBisector& b = at(chain_, index);
+    if (!isSegment(line_, b.getLeftDomain())) continue;
+    if (firstDomain != -1 && b.getLeftDomain() != firstDomain) continue;
+    gdfVertex place;
+    if (!qualifies(b, origin, place)) continue;
+    firstDomain = b.getLeftDomain();
+    if (segment == 0) return {index, place};
+    const double distance = (place - last).length();
+    if (distance < least) {
+      least = distance;
+      nearest = {index, place};
+    }
+  }
+  return nearest;
+}
+
+void HeightWalk::nearestVertices() {
+  VertexLine& flowLine = path_.getFlowLine();
+  gdfVertex last;
+  bool stood = false;
+  for (int segment = 0;;) {
+    const Step step = nearestStep(segment, last);
+    if (step.index == -1 || flowLine.size() > mostVertices) return;
+    if (step.place != last) {
+      flowLine.push_back(step.place);
+      last = step.place;
+      stood = false;
+    } else if (segment != 0 || stood) {
+      return;
+    } else {
+      stood = true;
+    }
+    segment = at(chain_, step.index).getRightDomain();
+    if (!isInterior(segment)) return;
+  }
+}
+
+HeightWalk::Step HeightWalk::firstStep(int segment) const {
+  const gdfVertex& origin = line_[static_cast<std::size_t>(segment)];
+  int index = segment;
+  for (ClimbLimit limit(chain_); isIn(chain_, index) && !limit.reached();
+       index = at(chain_, index).getTopConnect()) {
+    const zr2DBisector& b = at(chain_, index);
+    if (!isSegment(line_, b.getLeftDomain())) break;
+    const Reach reach = reachOf(b, origin);
+    if (!(reach.top >= height_)) continue;
+    double f = height_ - reach.base;
+    const double rise = b.getNormalVector() * reach.normal;
+    if (rise != 0.0) f /= rise;
+    return {index, b.getBase() + b.getNormalVector() * f};
+  }
+  return {};
+}
+
+void HeightWalk::firstVerticesWithSlip() {
+  VertexLine& flowLine = path_.getFlowLine();
+  double slip = 0.0;
+  std::size_t stepsWithoutVertex = 0;
+  for (int segment = 0;;) {
+    const Step step = firstStep(segment);
+    if (step.index == -1) return;
+    const gdfVertex& p = step.place;
+    if (!std::isnan(p.x()) && !std::isnan(p.y()) && !std::isnan(p.z())) {
+      flowLine.push_back(p);
+      stepsWithoutVertex = 0;
+    } else if (++stepsWithoutVertex > line_.size()) {
+      return;  // a circle of segments that gives no vertex
+    }
+    const std::size_t n = flowLine.size();
+    // Kept on purpose (KeptSlipIsCountedWithoutAVertex): a place that is no number adds no vertex,
+    // but its slip value all the same, and the last step's length once more.
+    if (segment > 0 && n >= 2) slip += (flowLine[n - 1] - flowLine[n - 2]).length();
+    path_.getSlipValues().push_back(slip);
+    if (n > mostVertices) return;
+    segment = at(chain_, step.index).getRightDomain();
+    if (!isInterior(segment)) return;
+  }
+}
+
+}  // namespace
+
+bool zr2DBisectorSet::generateFlowPath(double height, zrFlowPath& path) {
+  const std::size_t n = templateLine_.size();
+  if (n < 3) return false;
+  if (height == 0.0) return generateFlowPathAlongInputLine(templateLine_[0], path);
+  const zre::side side = height > 0.0 ? zre::sideLeft : zre::sideRight;
+  const Chain& chain = chainOf(side);
+  if (chain.empty()) return false;
+
+  path.setL(templateLine_[0].z());
+  path.setH(height);
+  VertexLine& flowLine = path.getFlowLine();
+  std::vector<double>& slips = path.getSlipValues();
+  flowLine.clear();
+  flowLine.reserve(n);
+  flowLine.emplace_back();
+  slips.push_back(0.0);
+  HeightWalk walk(templateLine_, side, chain, height, path);
+  // Kept on purpose (KeptModeZeroLeavesTwoSlips): the walk of mode 0 appends vertices alone, and
+  // the path ends with the two slips of its ends. It is the mode of a set that nobody has changed;
+  // for slips choose another.
+  if (flowPathMode_ == 0) {
+    walk.nearestVertices();
+  } else {
+    walk.firstVerticesWithSlip();
+  }
+  if (flowLine.size() < 2) {
+    path.clear();
+    return false;
+  }
+  const gdfVertex beforeStart = templateLine_[0] - templateLine_[1];
+  flowLine[0] = flowLine[1] + beforeStart;
+  slips[0] = -beforeStart.length();
+  const gdfVertex afterEnd = templateLine_[n - 1] - templateLine_[n - 2];
+  const gdfVertex beyond = flowLine.back() + afterEnd;
+  flowLine.push_back(beyond);
+  slips.push_back(slips.back() + afterEnd.length());
+  removeZeroLengthSegments(path);
+  path.calcNormalisedEndVectors();
+  return true;
+}

@@ -1,0 +1,69 @@
+#ifndef ZRBASE_BISECTORS_INTERNAL_DOMAINGEOMETRY_H
+#define ZRBASE_BISECTORS_INTERNAL_DOMAINGEOMETRY_H
+
+#include <zrBase/bisectors/zr2DBisector.h>
+#include <zrBase/geometry/gdfVertex.h>
+#include <zrBase/tools2d/side.h>
+
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+/// What the sources of the bisector set share: safe look-ups and the directions of domains.
+namespace bisectorInternal {
+
+using Chain = std::vector<zr2DBisector>;
+
+constexpr short rootType = 1;
+constexpr short retiredType = 5;
+
+inline bool isIn(const Chain& chain, int index) {
+  return index >= 0 && static_cast<std::size_t>(index) < chain.size();
+}
+
+inline const zr2DBisector& at(const Chain& chain, int index) {
+  return chain[static_cast<std::size_t>(index)];
+}
+
+inline zr2DBisector& at(Chain& chain, int index) { return chain[static_cast<std::size_t>(index)]; }
+
+inline bool isSegment(const VertexLine& line, int segment) {
+  return segment >= 0 && static_cast<std::size_t>(segment) + 1 < line.size();
+}
+
+inline gdfVertex normalised(gdfVertex vector) {
+  vector.normalise();
+  return vector;
+}
+
+/// Unit vector from one vertex of a line to another.
+inline gdfVertex unitVector(const VertexLine& line, int from, int to) {
+  return normalised(line[static_cast<std::size_t>(to)] - line[static_cast<std::size_t>(from)]);
+}
+
+/// Direction across a domain's segment, away from the template on the given side.
+inline gdfVertex domainNormal(const VertexLine& line, zre::side side, int domain) {
+  const gdfVertex t = unitVector(line, domain, domain + 1);
+  // Kept on purpose (KeptDomainNormalKeepsSegmentRise): z is that of the segment's direction, not 0
+  // and not negated. Heights over templates with a third coordinate carry its share.
+  return side == zre::sideLeft ? gdfVertex(-t.y(), t.x(), t.z()) : gdfVertex(t.y(), -t.x(), t.z());
+}
+
+/// Bounds a climb by the number of bisectors: a climb that takes more steps runs in a circle.
+class ClimbLimit {
+ public:
+  explicit ClimbLimit(const Chain& chain) : steps_(chain.size()) {}
+  bool reached() { return steps_-- == 0; }
+
+ private:
+  std::size_t steps_;
+};
+
+/// Reach of a model extent: the sum of its width and height.
+inline double extentReach(const gdfVertex& first, const gdfVertex& second) {
+  return std::fabs(second.y() - first.y()) + std::fabs(first.x() - second.x());
+}
+
+}  // namespace bisectorInternal
+
+#endif  // ZRBASE_BISECTORS_INTERNAL_DOMAINGEOMETRY_H

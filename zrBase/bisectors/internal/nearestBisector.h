@@ -1,0 +1,125 @@
+#ifndef ZRBASE_BISECTORS_INTERNAL_NEARESTBISECTOR_H
+#define ZRBASE_BISECTORS_INTERNAL_NEARESTBISECTOR_H
+
+#include <zrBase/bisectors/internal/domainGeometry.h>
+#include <zrBase/bisectors/zr2DBisector.h>
+#include <zrBase/geometry/gdfVertex.h>
+#include <zrBase/tools2d/side.h>
+#include <zrBase/tools2d/sideTests.h>
+
+#include <algorithm>
+#include <cmath>
+
+/// The nearest bisector on a climb, and the side of a vertex against it.
+///
+/// The measures that decide (sideOfVector at tolerance 0, distanceFromBisector) cost several roots
+/// and divisions each. Most decisions are clear from plain products; the measures themselves are
+/// worked out only where the plain ones leave doubt. The margins are wide: gdfVertex::normalise
+/// moves a unit vector by less than 2e-8 (where it snaps onto an axis), and 1e-6 is asked for.
+namespace bisectorInternal {
+
+constexpr double relativeDoubt = 1e-6;
+constexpr double absoluteDoubt = 1e-4;
+
+inline double sumOfSizes(const gdfVertex& v) {
+  return std::fabs(v.x()) + std::fabs(v.y()) + std::fabs(v.z());
+}
+
+/// zr2DTools::getSideOfVector at tolerance 0, without the normalisation where the sign is clear.
+inline zre::side sideOfVector(const gdfVertex& origin, const gdfVertex& direction,
+                              const gdfVertex& p) {
+  const gdfVertex w = p - origin;
+  const double measure = w.y() * direction.x() - direction.y() * w.x() + w.z() * direction.z();
+  const double size = sumOfSizes(w);
+  const double doubt = relativeDoubt * size * sumOfSizes(direction);
+  if (size > absoluteDoubt) {
+    if (measure > doubt) return zre::sideLeft;
+    if (measure < -doubt) return zre::sideRight;
+  }
+  return zr2DTools::getSideOfVector(origin, direction, p, 0.0);
+}
+
+/// Distance of a vertex from a bisector between base and top, by the perpendiculars at both ends.
+inline double distanceFromBisector(const zr2DBisector& b, const gdfVertex& p) {
+  const gdfVertex v = b.getNormalisedVector();
+  const gdfVertex across(-v.y(), v.x(), v.z());
+  if (sideOfVector(b.getBase(), across, p) == zre::sideLeft) return (p - b.getBase()).length();
+  if (sideOfVector(b.getTop(), across, p) == zre::sideRight) return (p - b.getTop()).length();
+  return std::fabs((p - b.getBase()) * across);
+}
+
+/// Bounds of distanceFromBisector for flat data; no bounds at all (0 to infinity) where heights
+/// differ, where the bisector is short enough to be normalised to nothing, and for what is not
+/// finite.
+struct DistanceBounds {
+  double least = 0.0;
+  double most = HUGE_VAL;
+};
+
+inline DistanceBounds boundsOfDistance(const zr2DBisector& b, const gdfVertex& p) {
+  const gdfVertex along = b.getVector();
+  const gdfVertex w = p - b.getBase();
+  const double squaredLength = along.length2();
+  const bool isFlat = along.z() == 0.0 && w.z() == 0.0;
+  const bool isLong = squaredLength > absoluteDoubt;
+  const double size = sumOfSizes(w) + sumOfSizes(along);
+  if (!isFlat || !isLong || !(size < 1e30)) return {};
+  const double t = along * w;
+  double squared = 0.0;
+  if (t <= 0.0) {
+    squared = w.length2();
+  } else if (t >= squaredLength) {
+    squared = (p - b.getTop()).length2();
+  } else {
+    const double cross = along.x() * w.y() - along.y() * w.x();
+    squared = cross * cross / squaredLength;
+  }
+  const double distance = std::sqrt(squared);
+  const double doubt = relativeDoubt * size + absoluteDoubt;
+  return {distance - doubt, distance + doubt};
+}
+
+/// Index of the bisector nearest to a vertex on the climb from an index upward, the first of
+/// equally near ones; -1 where the climb meets a retired one or none is nearer than the unset
+/// distance.
+///
+/// First the bounds of all are taken; the distances are then worked out for those that may be the
+/// nearest.
+template <class Recorder>
+int nearestOnClimb(const Chain& chain, int start, const gdfVertex& p, Recorder& recorder) {
+  double leastUpperBound = HUGE_VAL;
+  int steps = 0;
+  {
+    ClimbLimit limit(chain);
+    for (int i = start; isIn(chain, i) && !limit.reached(); i = at(chain, i).getTopConnect()) {
+      recorder.read(i);
+      if (at(chain, i).getType() == retiredType) return -1;
+      leastUpperBound = std::min(leastUpperBound, boundsOfDistance(at(chain, i), p).most);
+      ++steps;
+    }
+  }
+  double best = gdfInternal::unset;
+  int found = -1;
+  for (int i = start; steps > 0; --steps, i = at(chain, i).getTopConnect()) {
+    if (boundsOfDistance(at(chain, i), p).least > leastUpperBound) continue;
+    const double distance = distanceFromBisector(at(chain, i), p);
+    if (distance < best) {
+      best = distance;
+      found = i;
+    }
+  }
+  return found;
+}
+
+/// Side of a vertex against the nearest bisector on the climb from an index upward; zre::sideNone
+/// without one.
+template <class Recorder>
+zre::side sideOfNearest(const Chain& chain, int start, const gdfVertex& p, Recorder& recorder) {
+  const int found = nearestOnClimb(chain, start, p, recorder);
+  if (found < 0) return zre::sideNone;
+  return sideOfVector(at(chain, found).getBase(), at(chain, found).getNormalVector(), p);
+}
+
+}  // namespace bisectorInternal
+
+#endif  // ZRBASE_BISECTORS_INTERNAL_NEARESTBISECTOR_H

@@ -70,7 +70,7 @@ bool zr2DBisectorSet::generateAngularFlowPath(gdfVertex point, zrFlowPath& path,
   if (domain == 0) domain = 1;
   std::size_t stepsLeft = chain.size() + templateLine_.size() + spareSteps;
   while (isSegment(templateLine_, domain) && domain < n - 2 && stepsLeft-- > 0) {
-    const gdfVertex direction = unitVector(templateLine_, domain, domain + 1);
+    const gdfVertex direction = segmentDirections_[static_cast<std::size_t>(domain)];
     double distance = 0.0;
     int index = -1;
     if (projectToBisectorChain(side, current, direction, domain, hit, distance, index, probeLength,
@@ -93,7 +93,7 @@ bool zr2DBisectorSet::generateAngularFlowPath(gdfVertex point, zrFlowPath& path,
     domain = at(chain, index).getRightDomain();
   }
   offBisectors_ = 0;
-  flowLine.push_back(current + unitVector(templateLine_, n - 2, n - 1));
+  flowLine.push_back(current + segmentDirections_.back());
   slips.push_back(gdfInternal::unset);
   return true;
 }

@@ -49,7 +49,7 @@ std::size_t rootCount(const VertexLine& line) { return line.size() < 2 ? 0 : lin
 void putRoots(const TemplateDirections& directions, zre::side side, Chain& chain) {
   const VertexLine& line = directions.line();
   chain.clear();
-  chain.reserve(2 * rootCount(line));
+  chain.reserve(5 * rootCount(line) / 2);
   chain.resize(rootCount(line));
   for (std::size_t j = 0; j < chain.size(); ++j) {
     const int vertex = static_cast<int>(j) + 1;
@@ -66,6 +66,19 @@ void buildChain(const TemplateDirections& directions, zre::side side, Chain& cha
 }  // namespace
 
 zr2DBisectorSet::~zr2DBisectorSet() = default;
+
+void zr2DBisectorSet::setTemplate(const VertexLine& line) {
+  templateLine_ = line;
+  workOutDirections();
+}
+
+void zr2DBisectorSet::workOutDirections() {
+  segmentDirections_.clear();
+  segmentDirections_.reserve(templateLine_.size());
+  for (int k = 0; isSegment(templateLine_, k); ++k) {
+    segmentDirections_.push_back(unitVector(templateLine_, k, k + 1));
+  }
+}
 
 bool zr2DBisectorSet::generateBisectors(const VertexLine& line, zre::side side,
                                         double maxDistance) {
@@ -84,7 +97,7 @@ bool zr2DBisectorSet::generateBisectors(const VertexLine& line, const gdfVertex&
                                         const gdfVertex& boundsSecond) {
   if (line.size() < 2) return false;
   lastBisector_ = -1;
-  templateLine_ = line;
+  setTemplate(line);
   boundsFirst_ = boundsFirst;
   boundsSecond_ = boundsSecond;
   // Kept on purpose (KeptTwoVertexTemplateKeepsOldChains): no bisector is built, and none of an

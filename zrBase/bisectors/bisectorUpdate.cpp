@@ -107,6 +107,7 @@ void zr2DBisectorSet::expandBisectors() {
 void zr2DBisectorSet::Offset(const gdfVertex& shift) {
   const gdfVertex by = shift;
   for (gdfVertex& v : templateLine_) v += by;
+  workOutDirections();
   boundsFirst_ += by;
   boundsSecond_ += by;
   offsetChain(leftBisectors_, by);

@@ -9,12 +9,21 @@ namespace {
 
 constexpr std::size_t mostVertices = 5000;
 
+// Kept on purpose (KeptHeightIsMeasuredFromTheStepsVertex): the walks of this file pass the
+// template vertex of their step as the origin of heights, not the start of the bisector's own left
+// domain, of which only the normal is taken.
+
 /// Walks one side of a template at a height, from its start to its end.
 class HeightWalk {
  public:
-  HeightWalk(const VertexLine& line, zre::side side, const Chain& chain, double height,
-             zrFlowPath& path)
-      : line_(line), side_(side), chain_(chain), height_(std::fabs(height)), path_(path) {}
+  HeightWalk(const VertexLine& line, const VertexLine& directions, zre::side side,
+             const Chain& chain, double height, zrFlowPath& path)
+      : line_(line),
+        directions_(directions),
+        side_(side),
+        chain_(chain),
+        height_(std::fabs(height)),
+        path_(path) {}
 
   /// Takes the vertices alone: at each step the one nearest to the last, among the bisectors of one
   /// domain.
@@ -23,12 +32,6 @@ class HeightWalk {
   void firstVerticesWithSlip();
 
  private:
-  /// A bisector's reach in height above a template vertex, across its left domain.
-  struct Reach {
-    gdfVertex normal;
-    double base;
-    double top;
-  };
   struct Step {
     int index = -1;
     gdfVertex place;
@@ -37,35 +40,30 @@ class HeightWalk {
   bool isInterior(int segment) const {
     return segment >= 0 && static_cast<std::size_t>(segment) + 2 < line_.size();
   }
-  Reach reachOf(const zr2DBisector& b, const gdfVertex& origin) const;
+  gdfVertex acrossLeftDomain(const zr2DBisector& b) const {
+    return acrossDomain(directions_[static_cast<std::size_t>(b.getLeftDomain())], side_);
+  }
   bool qualifies(const zr2DBisector& b, const gdfVertex& origin, gdfVertex& place) const;
   Step nearestStep(int segment, const gdfVertex& last) const;
   Step firstStep(int segment) const;
 
   const VertexLine& line_;
+  const VertexLine& directions_;
   zre::side side_;
   const Chain& chain_;
   double height_;
   zrFlowPath& path_;
 };
 
-HeightWalk::Reach HeightWalk::reachOf(const zr2DBisector& b, const gdfVertex& origin) const {
-  // Kept on purpose (KeptHeightIsMeasuredFromTheStepsVertex): heights start at the template vertex
-  // of the step, not at the start of the bisector's own left domain, of which only the normal is
-  // taken.
-  const gdfVertex q = domainNormal(line_, side_, b.getLeftDomain());
-  const double top = b.getTopConnect() == -1 ? gdfInternal::unset : (b.getTop() - origin) * q;
-  const double base = b.getType() == rootType ? 0.0 : (b.getBase() - origin) * q;
-  return {q, base, top};
-}
-
 bool HeightWalk::qualifies(const zr2DBisector& b, const gdfVertex& origin, gdfVertex& place) const {
-  const Reach reach = reachOf(b, origin);
-  if (!(reach.top >= height_ && 0.0 <= reach.base && reach.base <= height_)) return false;
+  const gdfVertex q = acrossLeftDomain(b);
+  if (!(topHeight(b, origin, q) >= height_)) return false;
+  const double base = baseHeight(b, origin, q);
+  if (!(0.0 <= base && base <= height_)) return false;
   // Kept on purpose (KeptUnguardedDivisionByRise): a bisector along its own domain's segment gives
   // an infinite place here, where the climb of getVertexAtHeightOnBisectorChain guards the
   // division.
-  const double f = (height_ - reach.base) / (b.getNormalVector() * reach.normal);
+  const double f = (height_ - base) / (b.getNormalVector() * q);
   place = b.getBase() + b.getNormalVector() * f;
   if (b.getTopConnect() == -1) return true;
   return b.getVector().length() > (place - b.getBase()).length();
@@ -123,12 +121,8 @@ HeightWalk::Step HeightWalk::firstStep(int segment) const {
        index = at(chain_, index).getTopConnect()) {
     const zr2DBisector& b = at(chain_, index);
     if (!isSegment(line_, b.getLeftDomain())) break;
-    const Reach reach = reachOf(b, origin);
-    if (!(reach.top >= height_)) continue;
-    double f = height_ - reach.base;
-    const double rise = b.getNormalVector() * reach.normal;
-    if (rise != 0.0) f /= rise;
-    return {index, b.getBase() + b.getNormalVector() * f};
+    const gdfVertex q = acrossLeftDomain(b);
+    if (topHeight(b, origin, q) >= height_) return {index, placeAtHeight(b, origin, q, height_)};
   }
   return {};
 }
@@ -174,9 +168,10 @@ bool zr2DBisectorSet::generateFlowPath(double height, zrFlowPath& path) {
   std::vector<double>& slips = path.getSlipValues();
   flowLine.clear();
   flowLine.reserve(n);
+  if (flowPathMode_ != 0) slips.reserve(n);
   flowLine.emplace_back();
   slips.push_back(0.0);
-  HeightWalk walk(templateLine_, side, chain, height, path);
+  HeightWalk walk(templateLine_, segmentDirections_, side, chain, height, path);
   // Kept on purpose (KeptModeZeroLeavesTwoSlips): the walk of mode 0 appends vertices alone, and
   // the path ends with the two slips of its ends. It is the mode of a set that nobody has changed;
   // for slips choose another.

@@ -24,19 +24,14 @@ int zr2DBisectorSet::getVertexAtHeightOnBisectorChain(zre::side side, const Chai
   for (ClimbLimit limit(chain); isIn(chain, index) && !limit.reached();) {
     const zr2DBisector& b = at(chain, index);
     if (!isSegment(templateLine_, b.getLeftDomain())) return -1;
-    const gdfVertex& start = templateLine_[static_cast<std::size_t>(b.getLeftDomain())];
-    const gdfVertex q = domainNormal(templateLine_, side, b.getLeftDomain());
-    const bool isOpen = b.getTopConnect() == -1;
-    const double topHeight = isOpen ? gdfInternal::unset : (b.getTop() - start) * q;
-    if (topHeight < H) {
+    const auto domain = static_cast<std::size_t>(b.getLeftDomain());
+    const gdfVertex& start = templateLine_[domain];
+    const gdfVertex q = acrossDomain(segmentDirections_[domain], side);
+    if (topHeight(b, start, q) < H) {
       index = b.getTopConnect();
       continue;
     }
-    const double baseHeight = b.getType() == rootType ? 0.0 : (b.getBase() - start) * q;
-    double f = H - baseHeight;
-    const double rise = b.getNormalVector() * q;
-    if (rise != 0.0) f /= rise;
-    out = b.getBase() + b.getNormalVector() * f;
+    out = placeAtHeight(b, start, q, H);
     return index;
   }
   return -1;
@@ -157,7 +152,7 @@ gdfVertex zr2DBisectorSet::setStraightAttributes(zre::side side, const gdfVertex
   const double height = heightAboveSegment(0, point);
   path.setH(side == zre::sideRight ? -height : height);
   path.setL(templateLine_[0].z());
-  return unitVector(templateLine_, 0, 1);
+  return segmentDirections_[0];
 }
 
 bool zr2DBisectorSet::generateFlowPathLessThan3Vertices(zre::side side, const gdfVertex& point,

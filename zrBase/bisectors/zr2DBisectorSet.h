@@ -263,6 +263,8 @@ class ZRBASE_EXPORT zr2DBisectorSet {
     return side == zre::sideLeft ? leftBisectors_ : rightBisectors_;
   }
   const std::vector<zr2DBisector>& chainOfAngle(zre::side side, double angle) const;
+  void setTemplate(const VertexLine& line);
+  void workOutDirections();
   double heightAboveSegment(int segment, const gdfVertex& p) const;
   void walkTowardsStart(zre::side side, const gdfVertex& seed, double height, int domain,
                         zrFlowPath& path) const;
@@ -280,6 +282,9 @@ class ZRBASE_EXPORT zr2DBisectorSet {
   std::int32_t flowPathMode_ = 0;
   double tolerance_;
   unsigned char offBisectors_ = 0;
+  /// Unit direction of each template segment: always that of templateLine_, so that walks need not
+  /// work it out.
+  VertexLine segmentDirections_;
 };
 
 #endif  // ZRBASE_BISECTORS_ZR2DBISECTORSET_H

@@ -185,18 +185,20 @@ class ZRBASE_EXPORT gdfVertex {
   /// Cross product in place.
   gdfVertex& operator^=(const gdfVertex& o) { return *this = *this ^ o; }
 
+  // Defined with the matrices: include gdfTransMatrix.h or gdfTriMatrix.h to use these.
+
   /// Point by a 4x4 matrix, row vector form, with the perspective divide: gdfTransMatrix::preMultd.
-  gdfVertex operator*(const gdfTransMatrix& matrix) const;
+  inline gdfVertex operator*(const gdfTransMatrix& matrix) const;
   /// The same in place: gdfTransMatrix::qPreMultD.
-  gdfVertex& operator*=(const gdfTransMatrix& matrix);
+  inline gdfVertex& operator*=(const gdfTransMatrix& matrix);
   /// Point by a 4x4 matrix, row vector form, affine: no divide.
-  gdfVertex operator%(const gdfTransMatrix& matrix) const;
+  inline gdfVertex operator%(const gdfTransMatrix& matrix) const;
   /// The same in place.
-  gdfVertex& operator%=(const gdfTransMatrix& matrix);
+  inline gdfVertex& operator%=(const gdfTransMatrix& matrix);
   /// Vector by a 3x3 matrix, row vector form: gdfTriMatrix::preMult.
-  gdfVertex operator*(const gdfTriMatrix& matrix) const;
+  inline gdfVertex operator*(const gdfTriMatrix& matrix) const;
   /// The same in place.
-  gdfVertex& operator*=(const gdfTriMatrix& matrix);
+  inline gdfVertex& operator*=(const gdfTriMatrix& matrix);
 
   /// Euclidean length.
   double length() const { return std::sqrt(length2()); }

@@ -31,6 +31,11 @@ inline bool liesAhead(const zr2DBisector& b, const gdfVertex& place) {
   return b.getBase().x() > place.x();
 }
 
+/// Whether a bisector may still be merged.
+inline bool isOpen(const zr2DBisector& b) {
+  return b.getTopConnect() == -1 && b.getType() != retiredType;
+}
+
 /// The other side; for anything but left and right a value that no side test gives.
 inline zre::side oppositeOf(zre::side side) {
   if (side == zre::sideLeft) return zre::sideRight;
@@ -123,10 +128,8 @@ inline void setMergedDomains(const zr2DBisector& left, const zr2DBisector& right
 /// added; where none was, nothing has changed.
 template <class Recorder>
 bool ChainMerger<Recorder>::tryMerge(int i, double maxDistance) {
-  recorder_.read(i);
   const zr2DBisector& left = record(i);
-  if (left.getTopConnect() != -1) return false;
-  if (left.getRightDomain() == lastSegment() || left.getType() == retiredType) return false;
+  if (!isOpen(left) || left.getRightDomain() == lastSegment()) return false;
   const int k = openEnd(left.getRightDomain());
   if (k == -1) return false;
   const zr2DBisector& right = record(k);

@@ -41,12 +41,32 @@ inline gdfVertex unitVector(const VertexLine& line, int from, int to) {
   return normalised(line[static_cast<std::size_t>(to)] - line[static_cast<std::size_t>(from)]);
 }
 
-/// Direction across a domain's segment, away from the template on the given side.
-inline gdfVertex domainNormal(const VertexLine& line, zre::side side, int domain) {
-  const gdfVertex t = unitVector(line, domain, domain + 1);
+/// Direction across a domain's segment, away from the template on the given side, from the
+/// segment's unit direction.
+inline gdfVertex acrossDomain(const gdfVertex& t, zre::side side) {
   // Kept on purpose (KeptDomainNormalKeepsSegmentRise): z is that of the segment's direction, not 0
   // and not negated. Heights over templates with a third coordinate carry its share.
   return side == zre::sideLeft ? gdfVertex(-t.y(), t.x(), t.z()) : gdfVertex(t.y(), -t.x(), t.z());
+}
+
+/// Height of a bisector's top over a template vertex, across a domain; unset for an open bisector.
+inline double topHeight(const zr2DBisector& b, const gdfVertex& origin, const gdfVertex& across) {
+  return b.getTopConnect() == -1 ? gdfInternal::unset : (b.getTop() - origin) * across;
+}
+
+/// Height of a bisector's base over a template vertex, across a domain; 0 for a root.
+inline double baseHeight(const zr2DBisector& b, const gdfVertex& origin, const gdfVertex& across) {
+  return b.getType() == rootType ? 0.0 : (b.getBase() - origin) * across;
+}
+
+/// Where a bisector reaches a height. One that runs along its domain is gone along by the height
+/// itself.
+inline gdfVertex placeAtHeight(const zr2DBisector& b, const gdfVertex& origin,
+                               const gdfVertex& across, double height) {
+  double f = height - baseHeight(b, origin, across);
+  const double rise = b.getNormalVector() * across;
+  if (rise != 0.0) f /= rise;
+  return b.getBase() + b.getNormalVector() * f;
 }
 
 /// Bounds a climb by the number of bisectors: a climb that takes more steps runs in a circle.

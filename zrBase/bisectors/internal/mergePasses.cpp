@@ -14,7 +14,7 @@ int DueSet::next(int from) const {
 }
 
 MergePasses::MergePasses(Chain& chain) : chain_(chain), records_(chain.size()) {
-  records_.reserve(3 * chain.size());
+  records_.reserve(5 * chain.size() / 2);
   watches_.reserve(8 * chain.size());
   for (std::size_t i = 0; i < chain.size(); ++i) due_.insert(static_cast<int>(i));
 }
@@ -32,17 +32,23 @@ void MergePasses::read(int index) {
   record(index).firstWatch = place;
 }
 
+/// A bisector that is not open comes to nothing by its own record alone: its try is left out, until
+/// that is written.
+void MergePasses::makeDue(int index) {
+  if (isOpen(at(chain_, index))) due_.insert(index);
+}
+
 void MergePasses::written(int index) {
   if (static_cast<std::size_t>(index) >= records_.size()) {
     records_.resize(static_cast<std::size_t>(index) + 1);
   }
-  due_.insert(index);
+  makeDue(index);
   std::int32_t place = record(index).firstWatch;
   record(index).firstWatch = -1;
   while (place != -1) {
     Watch& ended = watch(place);
     // A watch of an earlier attempt is out of date: the later attempt has set its own.
-    if (ended.attempt == record(ended.watcher).attempts) due_.insert(ended.watcher);
+    if (ended.attempt == record(ended.watcher).attempts) makeDue(ended.watcher);
     const std::int32_t next = ended.next;
     ended.next = freeWatch_;
     freeWatch_ = place;

@@ -46,7 +46,7 @@ class MergePasses {
 
   /// Told by the merger: the bisector being tried depends on this record.
   void read(int index);
-  /// Told by the merger: this record has changed. Whatever depended on it is due again.
+  /// Told by the merger: this record has changed. It is due, and so is whatever depended on it.
   void written(int index);
 
  private:
@@ -62,6 +62,7 @@ class MergePasses {
     std::uint32_t attempts = 0;
   };
 
+  void makeDue(int index);
   Record& record(int index) { return records_[static_cast<std::size_t>(index)]; }
   Watch& watch(std::int32_t place) { return watches_[static_cast<std::size_t>(place)]; }
 

@@ -79,36 +79,59 @@ inline DistanceBounds boundsOfDistance(const zr2DBisector& b, const gdfVertex& p
   return {distance - doubt, distance + doubt};
 }
 
+/// The nearest of the bisectors met so far, by distances below the unset one.
+struct NearestSoFar {
+  int index = -1;
+  double distance = gdfInternal::unset;
+
+  void meet(const Chain& chain, int candidate, const gdfVertex& p) {
+    const double candidateDistance = distanceFromBisector(at(chain, candidate), p);
+    if (candidateDistance < distance) {
+      distance = candidateDistance;
+      index = candidate;
+    }
+  }
+};
+
 /// Index of the bisector nearest to a vertex on the climb from an index upward, the first of
 /// equally near ones; -1 where the climb meets a retired one or none is nearer than the unset
 /// distance.
 ///
-/// First the bounds of all are taken; the distances are then worked out for those that may be the
-/// nearest.
+/// The bounds of all are taken first; distances are then worked out for those that may be the
+/// nearest. Of these the first few are noted on the way; a longer list is found again from the
+/// bounds.
 template <class Recorder>
 int nearestOnClimb(const Chain& chain, int start, const gdfVertex& p, Recorder& recorder) {
+  struct Noted {
+    int index;
+    double least;
+  };
+  constexpr int mostNoted = 32;
+  Noted noted[mostNoted];
+  int count = 0;
   double leastUpperBound = HUGE_VAL;
-  int steps = 0;
-  {
-    ClimbLimit limit(chain);
-    for (int i = start; isIn(chain, i) && !limit.reached(); i = at(chain, i).getTopConnect()) {
-      recorder.read(i);
-      if (at(chain, i).getType() == retiredType) return -1;
-      leastUpperBound = std::min(leastUpperBound, boundsOfDistance(at(chain, i), p).most);
-      ++steps;
+  ClimbLimit limit(chain);
+  int i = start;
+  for (; isIn(chain, i) && !limit.reached(); i = at(chain, i).getTopConnect()) {
+    recorder.read(i);
+    if (at(chain, i).getType() == retiredType) return -1;
+    const DistanceBounds bounds = boundsOfDistance(at(chain, i), p);
+    if (bounds.least > leastUpperBound) continue;
+    if (bounds.most < leastUpperBound) leastUpperBound = bounds.most;
+    if (count < mostNoted) noted[count] = {i, bounds.least};
+    ++count;
+  }
+  NearestSoFar nearest;
+  for (int k = 0; k < std::min(count, mostNoted); ++k) {
+    if (noted[k].least <= leastUpperBound) nearest.meet(chain, noted[k].index, p);
+  }
+  if (count > mostNoted) {
+    for (int k = at(chain, noted[mostNoted - 1].index).getTopConnect(); k != i;
+         k = at(chain, k).getTopConnect()) {
+      if (boundsOfDistance(at(chain, k), p).least <= leastUpperBound) nearest.meet(chain, k, p);
     }
   }
-  double best = gdfInternal::unset;
-  int found = -1;
-  for (int i = start; steps > 0; --steps, i = at(chain, i).getTopConnect()) {
-    if (boundsOfDistance(at(chain, i), p).least > leastUpperBound) continue;
-    const double distance = distanceFromBisector(at(chain, i), p);
-    if (distance < best) {
-      best = distance;
-      found = i;
-    }
-  }
-  return found;
+  return nearest.index;
 }
 
 /// Side of a vertex against the nearest bisector on the climb from an index upward; zre::sideNone

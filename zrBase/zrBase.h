@@ -1,0 +1,23 @@
+#ifndef ZRBASE_ZRBASE_H
+#define ZRBASE_ZRBASE_H
+
+/// @file
+/// The whole library: every public header, by subsystem.
+
+#include <zrBase/export.h>
+
+#include <zrBase/geometry/gdfSpherical.h>
+#include <zrBase/geometry/gdfTransMatrix.h>
+#include <zrBase/geometry/gdfTriMatrix.h>
+#include <zrBase/geometry/gdfTuple_4.h>
+#include <zrBase/geometry/gdfVertex.h>
+
+#include <zrBase/tools2d/zr2DTools.h>
+
+#include <zrBase/tools3d/zr3DTools.h>
+
+#include <zrBase/bisectors/zr2DBisector.h>
+#include <zrBase/bisectors/zr2DBisectorSet.h>
+#include <zrBase/bisectors/zrFlowPath.h>
+
+#endif  // ZRBASE_ZRBASE_H

@@ -21,6 +21,8 @@ constexpr double pi = 3.141592653589793;
 
 /// One addition or subtraction of a full turn; enough for the angles that come here.
 double wrapDegrees(double degrees) {
+  // Kept on purpose (KeptWrapMayRoundUpToFullTurn): a hair below 0 becomes 360.0 by the addition,
+  // and stays.
   if (degrees < 0.0) return degrees + 360.0;
   if (degrees >= 360.0) return degrees - 360.0;
   return degrees;
@@ -114,6 +116,8 @@ bool gdfVertex::calculateOrthogonalAxis(gdfVertex& e1, gdfVertex& e2, gdfVertex&
     e3 = Z_AXIS;
     return false;
   }
+  // Kept on purpose (KeptThirdAxisIsNotSnapped): plain division, where the other two axes pass
+  // through normalise; so the frame may be off square by a rounding.
   const gdfVertex third = *this / vectorLength;
   gdfVertex first;
   gdfVertex second;
@@ -147,6 +151,8 @@ std::istream& operator>>(std::istream& stream, gdfVertex& vertex) {
 }
 
 std::ostream& operator<<(std::ostream& stream, const gdfVertex& vertex) {
+  // Kept on purpose (KeptStreamStaysFixed): the fixed flag and the precision stay set on the
+  // stream. Reports written after a vertex are laid out with them.
   stream << std::fixed << std::setprecision(10) << std::setw(12) << vertex.x() << ' ';
   stream << std::setprecision(10) << std::setw(12) << vertex.y() << ' ';
   stream << std::setprecision(10) << std::setw(12) << vertex.z();

@@ -291,8 +291,9 @@ class ZRBASE_EXPORT gdfVertex {
   /// Angle from the +z axis, in radians, in [0, pi]; 0 for the zero vector.
   double tilt() const;
 
-  /// Dip azimuth of the plane whose normal this is, in degrees, in [0, 360).
-  /// A vertical normal gives 0 when it points up and 180 when it points down.
+  /// Dip azimuth of the plane whose normal this is, in degrees, in [0, 360): a direction a hair
+  /// west of north may round up to 360. A vertical normal gives 0 when it points up and 180 when it
+  /// points down.
   double planeAzimuth() const;
   /// Strike of the plane whose normal this is, in degrees, in [0, 360): dip azimuth less 90 (dip
   /// right of strike). A vertical normal gives 0 when it points up and 180 when it points down.

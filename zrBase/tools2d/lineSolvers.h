@@ -48,6 +48,8 @@ inline bool hasNaN(const gdfVertex& v) {
 inline bool getIntersect(const gdfVertex& a, const gdfVertex& b, const gdfVertex& c,
                          const gdfVertex& d, gdfVertex& out, double tolerance) {
   const double determinant = internal::determinant(a, b, c, d);
+  // Kept on purpose (KeptToleranceIsAnAreaAndNoAngle): the raw determinant grows with both lengths
+  // and is not normalised. Callers have chosen their tolerances for it.
   if (internal::strictlyInside(determinant, tolerance)) return false;
   // Kept on purpose (KeptSolverLeavesRejectedCandidate): the candidate is written before it is
   // judged. The vector forms pass their caller's output straight through, and callers see the

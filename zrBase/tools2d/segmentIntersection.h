@@ -19,7 +19,9 @@ struct SlopeAndIntercept {
 };
 
 inline SlopeAndIntercept slopeAndIntercept(const gdfVertex& left, const gdfVertex& right) {
-  // Level is tested before vertical, so that a segment without length counts as level.
+  // Kept on purpose (KeptSegmentWithoutLengthCountsAsLevel): level is tested before vertical, so a
+  // segment without length is level: it is found on a segment that is not level, and never on one
+  // that is.
   if (left.y() == right.y()) return {0.0, left.y()};
   if (left.x() == right.x()) return {verticalSlope, left.x()};
   const double slope = (right.y() - left.y()) / (right.x() - left.x());

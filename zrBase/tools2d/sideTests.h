@@ -49,8 +49,8 @@ inline double getDistanceFromVertexToSegment(const gdfVertex& start, const gdfVe
 }
 
 /// Compass angle of the step from one vertex to another, in degrees: an azimuth clockwise from
-/// north, in [0, 360), but for a step exactly along the y axis: due north gives 180, due south (or
-/// no step at all) gives 0.
+/// north, in [0, 360) (a hair west of north may round up to 360), but for a step exactly along the
+/// y axis: due north gives 180, due south, or no step at all, gives 0.
 ZRBASE_EXPORT double angle(const gdfVertex& from, const gdfVertex& to);
 
 /// Two vertices in ascending order of x, then y, then z; equal ones in the given order. Outputs may

@@ -54,12 +54,17 @@ inline bool getVectorSegmentIntersect(const gdfVertex& origin, const gdfVertex& 
   const gdfVertex v = direction;
   const gdfVertex s = start;
   const gdfVertex e = end;
+  // Kept on purpose (KeptRayFromAnEndMissesOnlyTheVerySegment): only a direction equal to end -
+  // start, to the last bit, is taken to run along the segment; twice that, or its reverse at the
+  // end, is a hit at the origin.
   if (o == s || o == e) {
     if (v == e - s) return false;
     out = o == s ? s : e;
     return true;
   }
   if (!getIntersect(o, o + v, s, e, out, tolerance)) return false;
+  // Kept on purpose (KeptCrossingAtAnEndCountsBehindToo): this short cut comes before the tests of
+  // direction. As the crossing has the height of the origin, it needs an end of that height.
   if (out == s || out == e) return true;
   // Kept on purpose (KeptRayTestCountsZeroAsPositive): a direction component of 0 is tested like a
   // positive one here and in getVectorBiVectorIntersect, and not at all in
@@ -96,8 +101,13 @@ inline bool getVectorVectorIntersect(const gdfVertex& origin1, const gdfVertex& 
   const gdfVertex u1 = direction1;
   const gdfVertex o2 = origin2;
   const gdfVertex u2 = direction2;
+  // Kept on purpose (KeptEqualRayOriginsWriteNothing): true without a crossing, as in
+  // getBiVectorSegmentIntersect.
   if (o1 == o2) return !(u1 == u2);
   if (!getIntersect(o1, o1 + u1, o2, o2 + u2, out, tolerance)) return false;
+  // Kept on purpose (KeptCrossingAtAnOriginCountsBehindTheOther): reaching either origin exactly
+  // ends it, wherever the other ray goes. getVectorBiVectorIntersect grants this to the ray's
+  // origin alone.
   if (out == o1 || out == o2) return true;
   // Kept on purpose (KeptTwoRayTestSkipsZero): looser than getVectorSegmentIntersect; the two stay
   // different.
@@ -119,6 +129,8 @@ inline bool getVectorBiVectorIntersect(const gdfVertex& vectorOrigin,
   const gdfVertex v = vectorDirection;
   const gdfVertex p = bivectorOrigin;
   const gdfVertex w = bivectorDirection;
+  // Kept on purpose (KeptEqualRayAndLineOriginsWriteNothing): true without a crossing, as in
+  // getVectorVectorIntersect.
   if (o == p) return !(v == w);
   // Kept on purpose (KeptBiVectorDirectionsTimesTen): both directions are taken ten times, which
   // makes the determinant that the tolerance is compared with a hundred times larger.
@@ -149,6 +161,8 @@ inline bool getVectorSegmentIntersect2(const gdfVertex& origin, const gdfVertex&
   const gdfVertex s = start;
   const gdfVertex along = end - start;
   if (!getIntersect2(o, o + v, s, end, out, tolerance)) return false;
+  // Kept on purpose (KeptProjectionTakesOriginHeight): measured in space, with the height that the
+  // crossing took from the origin, and without the tolerance.
   const double projection = (out - s) * along;
   if (!(0.0 <= projection && projection <= along * along)) return false;
   const double fromOrigin = out.distance(o);

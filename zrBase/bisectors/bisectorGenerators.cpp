@@ -85,7 +85,7 @@ bool zr2DBisectorSet::generateBisectors(const VertexLine& line, zre::side side,
   if (line.size() < 2) return false;
   // Kept on purpose (KeptOneSideFormLeavesLastBisector): this form touches neither the last
   // bisector nor the bounds, the other one does.
-  templateLine_ = line;
+  setTemplate(line);
   if (templateLine_.size() == 2) return true;
   TemplateDirections directions(templateLine_);
   directions.workOutAll();

@@ -295,8 +295,9 @@ class ZRBASE_EXPORT gdfVertex {
   /// west of north may round up to 360. A vertical normal gives 0 when it points up and 180 when it
   /// points down.
   double planeAzimuth() const;
-  /// Strike of the plane whose normal this is, in degrees, in [0, 360): dip azimuth less 90 (dip
-  /// right of strike). A vertical normal gives 0 when it points up and 180 when it points down.
+  /// Strike of the plane whose normal this is, in degrees, in [0, 360), 360 itself only by
+  /// rounding: dip azimuth less 90 (dip right of strike). A vertical normal gives 0 when it points
+  /// up and 180 when it points down.
   double planeStrike() const;
   /// Dip of the plane whose normal this is, in degrees, in [0, 90]: the same for a normal and its
   /// opposite. The zero vector gives 180.
@@ -309,7 +310,8 @@ class ZRBASE_EXPORT gdfVertex {
   void setPlaneNormalWithStrikeDip(double strike, double dip);
   /// Makes this a unit vector of an azimuth and a plunge in degrees; a positive plunge points down.
   void setVectorAzimuthPlunge(double azimuth, double plunge);
-  /// Azimuth of this vector, degrees clockwise from north, in [0, 360); 0 for a vertical one.
+  /// Azimuth of this vector, degrees clockwise from north, in [0, 360), 360 itself only by
+  /// rounding; 0 for a vertical one.
   double vectorAzimuth() const;
   /// Plunge of this vector in degrees, positive downward, in [-90, 90]; 0 whenever z is 0.
   double vectorDip() const;

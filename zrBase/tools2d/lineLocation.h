@@ -32,8 +32,10 @@ ZRBASE_EXPORT zre::side getSideOfLine(const VertexLine& line, const gdfVertex& p
 ///
 /// On strongly bent lines this decides which segment wins. All products and distances are in space,
 /// z included. A sector is closed. A segment whose ends are exactly equal has no sector, but a
-/// vertex that equals them is its own, whatever was found before it. On a line of two vertices
-/// `allowBeyondEnd` has no effect: nothing is found beyond the end.
+/// vertex that equals them is its own, whatever was found before it. Where it is the first segment
+/// of the line, nothing bounds the sectors at the start, and -1 is not given; where it is the last,
+/// and on a line of two vertices, `allowBeyondEnd` has no effect: nothing is found beyond the end.
+/// Beside it a mitre is square to the one segment that has a direction.
 ///
 /// @param index  the number of the segment; -1 for a vertex before the start and n - 1 for one
 ///               beyond the end, of a line of n vertices, where the flags allow them; -2 after a

@@ -20,7 +20,8 @@ ZRBASE_EXPORT double calcLength(const VertexLine& line);
 /// cut to fit.
 ZRBASE_EXPORT double calcLength(const VertexLine& line, int first, int last);
 
-/// Extent of a line in x and in y.
+/// Extent of a line in x and in y. Starts from the first vertex: a NaN there stays, a later one is
+/// passed over.
 /// @return false, with all four outputs untouched, for an empty line; else true
 ZRBASE_EXPORT bool calculateMinMax(const VertexLine& line, double& minX, double& maxX, double& minY,
                                    double& maxY);

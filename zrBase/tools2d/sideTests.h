@@ -26,7 +26,7 @@ inline zre::side getSideOfVector(const gdfVertex& origin, const gdfVertex& direc
 
 /// Side of a vertex against a directed segment. A vertex within 1e-05 of an end (each coordinate,
 /// strictly) is on the line whatever the tolerance; otherwise getSideOfVector along the normalised
-/// segment.
+/// segment, which has no sides for a length up to 1e-05.
 inline zre::side getSideOfSegment(const gdfVertex& start, const gdfVertex& end, const gdfVertex& p,
                                   double tolerance) {
   constexpr double endCloseness = 1e-05;

@@ -147,12 +147,13 @@ inline bool getBiVectorBiVectorIntersect(const gdfVertex& origin1, const gdfVert
   return getIntersect(origin1, origin1 + direction1, origin2, origin2 + direction2, out, tolerance);
 }
 
-/// Ray against a segment by distances in space, for directions of about unit length, with
-/// getIntersect2.
+/// Ray against a segment by distances in space, with getIntersect2; for flat directions of about
+/// unit length.
 ///
-/// The crossing must project onto the segment (closed, no tolerance, z included). Then it is a hit
-/// when it lies within 1.0001 units of the origin, on either side, or lies farther along the ray
-/// than that.
+/// The crossing takes the z of the origin, and must project onto the segment (closed, no tolerance,
+/// z included). With d0 its distance from the origin, d1 that from origin + direction and L the
+/// direction's length: a hit when d0 < 1.0001, on either side of the origin, or when max(d0, L) >=
+/// d1. For steep or long directions that refuses crossings ahead.
 inline bool getVectorSegmentIntersect2(const gdfVertex& origin, const gdfVertex& direction,
                                        const gdfVertex& start, const gdfVertex& end, gdfVertex& out,
                                        double tolerance) {
@@ -172,11 +173,13 @@ inline bool getVectorSegmentIntersect2(const gdfVertex& origin, const gdfVertex&
   return std::max(fromOrigin, v.length()) >= out.distance(o + v);
 }
 
-/// Ray against the infinite line through two points, with getIntersect2.
+/// Ray against the infinite line through two points, with getIntersect2; for flat directions of
+/// about unit length.
 ///
 /// Mind the arguments: `point2` and `secondPoint2` are both points, the fourth is no direction.
-/// A crossing within 1.0001 units of the origin is a hit, on either side; a farther one when it is
-/// ahead.
+/// With d0 the crossing's distance from the origin and d1 that from origin + direction: a hit when
+/// d0 < 1.0001, on either side of the origin, or when d0 > d1. For steep or long directions that
+/// refuses crossings ahead.
 inline bool getVectorVectorIntersect2(const gdfVertex& origin1, const gdfVertex& direction1,
                                       const gdfVertex& point2, const gdfVertex& secondPoint2,
                                       gdfVertex& out, double tolerance) {

@@ -51,7 +51,10 @@ ZRBASE_EXPORT bool getSignedDistanceFromLineEndpoint(const VertexLine& line, con
 /// @param ratio    out: the last part of `length` over the length of the segment;
 ///                 3.4028234663852886e+38 for a match at a vertex. Untouched when p equals the
 ///                 first vertex
-/// @return false for fewer than two vertices and when no place matches
+/// @return false for fewer than two vertices and when no place matches, with the outputs untouched;
+/// a
+///         match as far away in x as an unset value counts as none, but leaves segment and ratio
+///         written
 ZRBASE_EXPORT bool lengthAlongLine(const VertexLine& line, const gdfVertex& p, double& length,
                                    int& segment, double& ratio);
 

@@ -80,8 +80,8 @@ void subdivideSegments(const VertexLine& line, double interval, VertexLine& resu
 
 /// Appends the end of the line where the samples fell short of it.
 void appendLineEnd(const gdfVertex& lineEnd, VertexLine& result) {
-  // Kept on purpose (KeptShortResultOmitsLineEnd): one or two vertices stay as they are, so that a
-  // line shorter than the interval gives its first vertex alone.
+  // Kept on purpose (KeptShortResultOmitsLineEnd): a result of one or two vertices stays as it is,
+  // so that a line shorter than the interval, its vertices not kept, gives its first vertex alone.
   // Kept on purpose (KeptEndRuleCountsEarlierContent): the size is that of the whole list, not of
   // what this call added.
   const std::size_t size = result.size();

@@ -23,8 +23,8 @@ namespace zr3DTools {
 /// At last the end of the line is looked after, in both modes. If `result` holds more than two
 /// vertices, what it held before the call included, and the line's last vertex is not already its
 /// last (each coordinate strictly within 1e-05), that vertex is appended when it lies farther from
-/// the last but one of `result` than the last does. A line shorter than the interval therefore
-/// gives its first vertex alone.
+/// the last but one of `result` than the last does. Without keepVertices, and into an empty
+/// `result`, a line shorter than the interval therefore gives its first vertex alone.
 /// @param result    appended to, not cleared. May be the line itself, whose vertices are then
 ///                  followed by the samples
 /// @param interval  in model units. Zero, a negative value or a NaN gives false after the first

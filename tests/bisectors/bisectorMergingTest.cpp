@@ -106,6 +106,14 @@ TEST(GetBisectorSide, TellsTheSideOfTheRoot) {
 }
 
 // (3, 6) is 2 from the root's line but 5.4 from its top, and 3 from the bisector above.
+// The square of 1e155 is no finite number, so the way to such a vertex is normalised to nothing.
+TEST(GetBisectorSide, VertexWhoseDistanceOverflowsIsOn) {
+  const Straight left(zre::sideLeft);
+  for (const char* p : {"1 1e155", "1e155 1", "-1e160 1e160"}) {
+    EXPECT_EQ(left.set.getBisectorSide(left.side, left.chain, 0, vertex(p)), zre::sideOn) << p;
+  }
+}
+
 TEST(GetBisectorSide, NearestIsMeasuredToTheStretchFromBaseToTop) {
   Straight left(zre::sideLeft);
   left.putOnRoot(0, "1 1", bisector("6 4, 6 9", 0, 2));
@@ -121,7 +129,7 @@ TEST(GetBisectorSide, OfEquallyNearOnesTheLowerDecides) {
   EXPECT_EQ(left.set.getBisectorSide(left.side, left.chain, 3, vertex("2 5")), zre::sideLeft);
 }
 
-TEST(GetBisectorSide, RetiredBisectorAnywhereOnTheClimbLeavesNoSide) {
+TEST(GetBisectorSide, KeptRetiredOnClimbLeavesNoSide) {
   Straight left(zre::sideLeft);
   left.putOnRoot(0, "1 1", bisector("90 90, 90 91", 0, 2));
   EXPECT_EQ(left.set.getBisectorSide(left.side, left.chain, 0, vertex("0.5 0")), zre::sideLeft);
@@ -129,7 +137,7 @@ TEST(GetBisectorSide, RetiredBisectorAnywhereOnTheClimbLeavesNoSide) {
   EXPECT_EQ(left.set.getBisectorSide(left.side, left.chain, 0, vertex("0.5 0")), zre::sideNone);
 }
 
-TEST(GetBisectorSide, DistanceGoesByTheEndsAndTheSideByTheStoredNormal) {
+TEST(GetBisectorSide, KeptSideGoesByStoredNormal) {
   Straight left(zre::sideLeft);
   left.chain[0].setNormal(vertex("0 -1"));
   EXPECT_EQ(left.set.getBisectorSide(left.side, left.chain, 0, vertex("0.5 5")), zre::sideRight);
@@ -268,7 +276,7 @@ TEST(MagicAdd, KeptRefusalTreatsNoSideUnequally) {
   EXPECT_EQ(other.chain.size(), 3u);
 }
 
-TEST(MagicAdd, RetiresALeftNeighbourThatItOvertakes) {
+TEST(MagicAdd, KeptOvertakenBisectorIsRetired) {
   Straight left(zre::sideLeft);
   left.putOnRoot(0, "1 90", bisector("2.5 9, 2.5 10", 0, 2));
   zr2DBisector merged = bisector("2 4, 2 5", 1, 3);

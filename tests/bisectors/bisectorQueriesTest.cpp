@@ -82,7 +82,7 @@ TEST(GetDomain, BaseCountsStrictlyWithin1em05) {
   EXPECT_EQ(set.getLastBisector(), 0);
 }
 
-TEST(GetDomain, RetiredBisectorsAreNotMetButTheirBaseStillDecides) {
+TEST(GetDomain, KeptRetiredBaseStillDecides) {
   Chain chain = {bisector("50 40, 50 60", 0, 1), bisector("60 40, 60 60", 2, 3)};
   chain[1].setType(5);
   zr2DBisectorSet set = setWith(chain);
@@ -159,7 +159,7 @@ TEST(GetDomain, BisectorBehindTheTemplateIsNotAccepted) {
 
 // Only the crossing nearest to the probe's start is known: from the left bound that is x = 10, so
 // that the second wall, at x = 20, hides nothing.
-TEST(GetDomain, OnlyTheTemplateCrossingNearestToTheProbesStartHides) {
+TEST(GetDomain, KeptOnlyCrossingNearestToProbeStartHides) {
   zr2DBisectorSet set;
   set.generateBisectors(line("10 0, 10 40"), vertex("0 0"), vertex("60 60"));
   const VertexLine twoWalls = line("10 0, 10 40, 20 40, 20 0");

@@ -226,7 +226,7 @@ TEST(UpdateFbfBisectors, UnmirroredMoveStopsAtTheNextBase) {
   EXPECT_THAT(basesOf(set.getLeftBisectors()), LineIs("0 0, 10 0, 20 0, 20 0"));
 }
 
-TEST(UpdateFbfBisectors, LinksAndDomainsAreCopiedAsTheyStand) {
+TEST(UpdateFbfBisectors, KeptUpdateRenumbersNothing) {
   zr2DBisectorSet set = fbfSet(3, false);
   set.UpdateFBF_Bisectors(zre::sideLeft, 4.0);
   ASSERT_EQ(set.getLeftBisectors().size(), 4u);
@@ -276,7 +276,7 @@ TEST(UpdateFbfBisectors, MovesTowardsTheNextBaseNotAlongTheBisector) {
   }
 }
 
-TEST(UpdateFbfBisectors, RetiredInnerOnesLeaveTheChain) {
+TEST(UpdateFbfBisectors, KeptRetiredInnerOnesLeaveTheUpdate) {
   zr2DBisectorSet set = fbfSet(4, false);
   for (std::size_t i : {0u, 1u, 3u}) set.getLeftBisectors()[i].setType(5);
   set.UpdateFBF_Bisectors(zre::sideLeft, 4.0);

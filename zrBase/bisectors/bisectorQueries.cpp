@@ -22,6 +22,9 @@ struct Probe {
 Probe makeProbe(const VertexLine& line, const gdfVertex& start, const gdfVertex& end,
                 std::size_t axis) {
   gdfVertex crossing;
+  // Kept on purpose (KeptOnlyCrossingNearestToProbeStartHides): of several crossings with the
+  // template only the one nearest to the probe's start hides bisectors, not the one nearest to the
+  // point.
   const bool meets =
       zr2DTools::getNearestLineSegmentIntersect(line, start, end, start, crossing, 0.0);
   const gdfVertex& place = crossing;
@@ -96,6 +99,8 @@ int zr2DBisectorSet::getDomain(zre::side side, const gdfVertex& p, gdfVertex& hi
   for (std::size_t i = 0; i < chain.size(); ++i) {
     constexpr double baseCloseness = 1e-05;
     const int index = static_cast<int>(i);
+    // Kept on purpose (KeptRetiredBaseStillDecides): the base is looked at before the type, so a
+    // retired bisector decides for a point on its base, though the probes pass it by.
     if (chain[i].getBase().equal(point, baseCloseness)) {
       nearest.pick = index;
       break;

@@ -118,12 +118,16 @@ void zr2DBisectorSet::UpdateFBF_Bisectors(zre::side side, double width) {
   Chain& chain = chainOf(side);
   const std::size_t m = chain.size();
   if (m <= 2) return;
+  // Kept on purpose (KeptRetiredInnerOnesLeaveTheUpdate): retired bisectors between the ends leave
+  // the chain; the two at the ends stay, whatever their type.
   Chain updated;
   updated.reserve(2 * m - 2);
   updated.push_back(chain.front());
   for (std::size_t i = 1; i + 1 < m; ++i) {
     const zr2DBisector& b = chain[i];
     if (isRetired(b)) continue;
+    // Kept on purpose (KeptUpdateRenumbersNothing): connections and domains are copied as they
+    // stand, though the records change places. Chains of roots are what this is for.
     if (b.getNormalVector() == b.getRealNormalisedVector()) {
       appendUnmirroredPair(b, chain[i + 1].getBase(), width, updated);
     } else {

@@ -181,6 +181,8 @@ void ChainMerger<Recorder>::overtake(int root, zre::side beyond, zr2DBisector& b
     recorder_.read(j);
     const gdfVertex place = record(j).getBase();
     if (sideOfVector(base, vector, place) != beyond) continue;
+    // Kept on purpose (KeptOvertakenBisectorIsRetired): without a tie the bisector itself goes,
+    // with all above it.
     int next = j;
     // Kept on purpose (KeptTieMeasuresAgainstDifferenceVector): the second point of the line is the
     // vector itself, not base + vector. It decides which near misses are tied, and with them the

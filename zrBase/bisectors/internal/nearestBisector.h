@@ -32,7 +32,9 @@ inline zre::side sideOfVector(const gdfVertex& origin, const gdfVertex& directio
   const double measure = w.y() * direction.x() - direction.y() * w.x() + w.z() * direction.z();
   const double size = sumOfSizes(w);
   const double doubt = relativeDoubt * size * sumOfSizes(direction);
-  if (size > absoluteDoubt) {
+  // Beyond the greatest size the length overflows, and the vector is normalised to nothing.
+  constexpr double greatestSize = 1e150;
+  if (size > absoluteDoubt && size < greatestSize) {
     if (measure > doubt) return zre::sideLeft;
     if (measure < -doubt) return zre::sideRight;
   }
@@ -114,6 +116,8 @@ int nearestOnClimb(const Chain& chain, int start, const gdfVertex& p, Recorder& 
   int i = start;
   for (; isIn(chain, i) && !limit.reached(); i = at(chain, i).getTopConnect()) {
     recorder.read(i);
+    // Kept on purpose (KeptRetiredOnClimbLeavesNoSide): one retired bisector ends the search
+    // without a side, whatever was found below it.
     if (at(chain, i).getType() == retiredType) return -1;
     const DistanceBounds bounds = boundsOfDistance(at(chain, i), p);
     if (bounds.least > leastUpperBound) continue;
@@ -140,6 +144,8 @@ template <class Recorder>
 zre::side sideOfNearest(const Chain& chain, int start, const gdfVertex& p, Recorder& recorder) {
   const int found = nearestOnClimb(chain, start, p, recorder);
   if (found < 0) return zre::sideNone;
+  // Kept on purpose (KeptSideGoesByStoredNormal): the nearest is found by base and top, and the
+  // side is then told by the stored normal, which need not lie along them.
   return sideOfVector(at(chain, found).getBase(), at(chain, found).getNormalVector(), p);
 }
 

@@ -133,7 +133,7 @@ TEST(AngularFlowPath, GoesOnByAUnitAlongTheLastSegment) {
               LineNear("15 -3, 23 -3, 23 -2", near));
 }
 
-TEST(AngularFlowPath, AppendsToThePathAndLeavesItsEndVectors) {
+TEST(AngularFlowPath, KeptAngularPathIsAppendedTo) {
   zr2DBisectorSet set = builtSet(straight);
   zrFlowPath path;
   path.setFlow(line("0 1, 0 2"), {4.0, 5.0});
@@ -243,14 +243,14 @@ TEST(ProjectToBisectorChain, WithoutReachMeetsWhatItStandsOn) {
 }
 
 // Unturned, a direction of length 2 reaches twice as far; turned, it is brought to length 1.
-TEST(ProjectToBisectorChain, NormalisesOnlyATurnedDirection) {
+TEST(ProjectToBisectorChain, KeptOnlyATurnedDirectionIsNormalised) {
   const zr2DBisectorSet set = builtSet(straight);
   EXPECT_TRUE(ontoChain(set, zre::sideLeft, "5 3", "2 0", 0, 3.0, 0.0).isMet);
   EXPECT_FALSE(ontoChain(set, zre::sideLeft, "5 3", "2 0", 0, 3.0, 360.0).isMet);
   EXPECT_TRUE(ontoChain(set, zre::sideLeft, "5 3", "0 2", 0, 6.0, 90.0).isMet);
 }
 
-TEST(ProjectToBisectorChain, OfNoSideGoesByTheSignOfTheAngle) {
+TEST(ProjectToBisectorChain, KeptAngleChoosesTheChainOfNoSide) {
   const zr2DBisectorSet set = builtSet(straight);
   for (zre::side side : {zre::sideOn, zre::sideNone}) {
     EXPECT_GT(ontoChain(set, side, "5 0", "1 0", 0, 50.0, -30.0).place.y(), 2.0);
@@ -276,7 +276,7 @@ TEST(ProjectToTemplateLine, KeptTemplateProbeTakesFirstInLineOrder) {
   EXPECT_EQ(p.index, 7);
 }
 
-TEST(ProjectToTemplateLine, ReachesTenThousandUnits) {
+TEST(ProjectToTemplateLine, KeptTemplateProbeReachesTenThousandUnits) {
   EXPECT_TRUE(ontoLine("10000 -5, 10000 5", "0 0", "1 0", 0, 0.0).isMet);
   EXPECT_FALSE(ontoLine("10000.5 -5, 10000.5 5", "0 0", "1 0", 0, 0.0).isMet);
   EXPECT_TRUE(ontoLine("20000 -5, 20000 5", "0 0", "2 0", 0, 0.0).isMet);

@@ -76,7 +76,7 @@ TEST(GetRootBisectorHeight, IsTheLengthOfTheBisectorAndNeverNegative) {
   EXPECT_EQ(set.getRootBisectorHeight(vertex("15 -3"), 0), 400.0);
 }
 
-TEST(GetRootBisectorHeight, OnTheTemplateTakesTheRightChain) {
+TEST(GetRootBisectorHeight, KeptRootHeightOnTemplateReadsRightChain) {
   zr2DBisectorSet set = builtSet(straight);
   set.getRightBisectors()[1].setTop(vertex("20 -7"));
   EXPECT_EQ(set.getRootBisectorHeight(vertex("15 0"), 1), 7.0);
@@ -89,7 +89,7 @@ TEST(GetRootBisectorHeight, OfAnIndexOutsideTheChainIsZero) {
   EXPECT_EQ(zr2DBisectorSet().getRootBisectorHeight(vertex("15 3"), 0), 0.0);
 }
 
-TEST(HeightAndLengthOnBaseLine, OnTheTemplateIsTrueAndWritesNothing) {
+TEST(HeightAndLengthOnBaseLine, KeptPointOnTemplateWritesNoHeight) {
   zr2DBisectorSet set = builtSet(straight);
   const BaseLine b = baseLineOf(set, "15 0");
   EXPECT_TRUE(b.result);
@@ -189,7 +189,7 @@ TEST(HeightAndLengthOnBaseLine, OfAHitHalfWayTakesTheLengthToTheEnd) {
 }
 
 // Where no probe meets a bisector the last one found serves; the hit stays at the origin.
-TEST(HeightAndLengthOnBaseLine, WithoutAHitMeasuresFromTheOrigin) {
+TEST(HeightAndLengthOnBaseLine, KeptBaseLineWithoutHitMeasuresFromTheOrigin) {
   zr2DBisectorSet set = builtSet(straight);
   EXPECT_EQ(baseLineOf(set, "18 3").domain, 1);
   const BaseLine b = baseLineOf(set, "18 500");

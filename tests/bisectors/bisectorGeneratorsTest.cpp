@@ -187,6 +187,14 @@ TEST(GenerateBisectors, BothChainsComeBackFromTheShift) {
   EXPECT_THAT(set.getRightBisectors()[1].getTop(), VertexIs("6 5"));
 }
 
+TEST(GenerateBisectors, BoundsMayBeTheSetsOwn) {
+  zr2DBisectorSet set;
+  ASSERT_TRUE(set.generateBisectors(line("0 0, 4 0"), vertex("-10 -20"), vertex("50 60")));
+  ASSERT_TRUE(set.generateBisectors(line("0 0, 4 0"), set.getBoundsSecond(), set.getBoundsFirst()));
+  EXPECT_THAT(set.getBoundsFirst(), VertexIs("50 60"));
+  EXPECT_THAT(set.getBoundsSecond(), VertexIs("-10 -20"));
+}
+
 TEST(GenerateBisectors, ASecondCallReplacesWhatItBuilds) {
   zr2DBisectorSet set;
   set.generateBisectors(line(axisBends), vertex("0 0"), vertex("9 9"));

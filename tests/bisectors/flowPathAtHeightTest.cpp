@@ -110,7 +110,7 @@ TEST(FlowPathAtHeight, OfAnEmptyChainFailsWithThePathUntouched) {
 }
 
 // A path is to come with no slips; what it brings stays in front, and its first one is overwritten.
-TEST(FlowPathAtHeight, AppendsToTheSlipsAndReplacesTheVertices) {
+TEST(FlowPathAtHeight, KeptSlipsOfAnEarlierPathStay) {
   zr2DBisectorSet set = builtSet(straight);
   set.setFlowPathMode(1);
   zrFlowPath path;
@@ -234,7 +234,7 @@ TEST(FlowPathAtHeight, OfModeZeroNeedsAPlaceStrictlyInside) {
 
 // The first place falls on the origin, where the walk counts itself to stand: nothing is added, and
 // it goes on all the same. A later repeat ends it.
-TEST(FlowPathAtHeight, OfModeZeroGoesOnFromAFirstPlaceAtTheOrigin) {
+TEST(FlowPathAtHeight, KeptFirstPlaceAtTheOriginGoesOn) {
   zr2DBisectorSet set = builtSet("-10 -3, 0 -3, 10 -3, 20 -3, 30 -3");
   EXPECT_THAT(atHeight(set, 3.0, 0).getFlowLine(), LineIs("0 0, 10 0, 20 0, 30 0"));
   EXPECT_THAT(atHeight(set, 3.0, 1).getFlowLine(), LineIs("-10 0, 0 0, 10 0, 20 0, 30 0"));
@@ -244,7 +244,7 @@ TEST(FlowPathAtHeight, OfModeZeroGoesOnFromAFirstPlaceAtTheOrigin) {
 
 // Links in a circle between vertices 0 and 1: the placeholder and 5000 vertices, then the end.
 // Steps at vertex 0 add no slip, the 2500 others 10 each.
-TEST(FlowPathAtHeight, EndsAtSomeFiveThousandVertices) {
+TEST(FlowPathAtHeight, KeptPathEndsAtFiveThousandVertices) {
   zr2DBisectorSet set = builtSet(straight);
   set.getLeftBisectors()[1].setRightDomain(0);
   const zrFlowPath slips = atHeight(set, 3.0, 1);
@@ -288,7 +288,7 @@ TEST(VertexAtHeight, OfAnOpenBisectorHasNoUpperEnd) {
 }
 
 // A root stands on the template: its base counts as height 0 wherever it is.
-TEST(VertexAtHeight, MeasuresARootFromZeroAndAMergedOneFromItsBase) {
+TEST(VertexAtHeight, KeptRootHeightStartsAtZero) {
   zr2DBisectorSet set = builtSet(straight);
   zr2DBisector& b = set.getLeftBisectors()[0];
   b.setBase(vertex("10 2"));

@@ -92,7 +92,7 @@ TEST(FlowPathThroughPoint, OnATemplateVertexIsAnchoredThere) {
   EXPECT_EQ(path.getH(), 0.0);
 }
 
-TEST(FlowPathThroughPoint, OnTheTemplateIgnoresAGivenHeight) {
+TEST(FlowPathThroughPoint, KeptPointOnTemplateIgnoresItsHeight) {
   zr2DBisectorSet set = builtSet("0 0, 10 0, 20 0");
   const zrFlowPath path = throughPoint(set, "5 0", false, 7.0);
   EXPECT_THAT(path.getFlowLine(), LineIs("0 0, 5 0, 10 0, 20 0"));
@@ -108,7 +108,7 @@ TEST(FlowPathThroughPoint, KeepsTheSeedWhereAHeightIsGiven) {
 }
 
 // The side is the point's; of the given height the walk takes the size.
-TEST(FlowPathThroughPoint, StaysOnThePointsSideWhateverTheSignOfTheHeight) {
+TEST(FlowPathThroughPoint, KeptHeightSignDoesNotChooseTheSide) {
   zr2DBisectorSet set = builtSet("0 0, 10 0, 20 0");
   const zrFlowPath path = throughPoint(set, "7 3", false, -7.0);
   EXPECT_THAT(path.getFlowLine(), LineIs("-3 3, 7 3, 10 7, 20 7"));
@@ -155,6 +155,20 @@ TEST(FlowPathThroughPoint, OfAnEmptyChainFailsWithAnEmptyPath) {
 }
 
 // The seed on the bisector: the walk meets it again at once, and one of the two goes.
+// The right chain belongs to the template (0,0) (2,0) (4,0), the left one to the five vertices
+// before; the domain 2 that it gives is above 1, and the flip looks at it before it is fitted to
+// the shorter template.
+TEST(FlowPathThroughPoint, FlipsByTheDomainOfAChainLeftOver) {
+  zr2DBisectorSet set;
+  ASSERT_TRUE(
+      set.generateBisectors(line("0 0, 1 0, 2 0, 3 0, 4 0"), vertex("-9 -9"), vertex("9 9")));
+  set.expandBisectors();
+  ASSERT_TRUE(set.generateBisectors(line("0 0, 2 0, 4 0"), zre::sideRight, 100.0));
+  zrFlowPath path;
+  ASSERT_TRUE(set.generateFlowPath(vertex("3.7 1"), path, true, 3.4028234663852886e+38));
+  EXPECT_EQ(path.getH(), -1.0);
+}
+
 TEST(FlowPathThroughPoint, HoldsASeedOnABisectorOnce) {
   zr2DBisectorSet set = builtSet("0 0, 10 0, 20 0");
   const zrFlowPath path = throughPoint(set, "10 3");

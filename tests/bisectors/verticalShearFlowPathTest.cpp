@@ -36,7 +36,7 @@ TEST(VerticalShear, FailsRightOfTheWholeLine) {
   EXPECT_FALSE(path.calculateVerticalShearFlowPath(line("0 0, 10 0"), vertex("11 0")));
 }
 
-TEST(VerticalShear, GivesTheInsertedVertexTheHeightOfTheOneBefore) {
+TEST(VerticalShear, KeptAnchorTakesHeightOfVertexBefore) {
   zrFlowPath path;
   EXPECT_TRUE(path.calculateVerticalShearFlowPath(line("0 0 7, 10 0 9"), vertex("5 0 100")));
   EXPECT_THAT(path.getFlowLine(), LineIs("0 0 7, 5 0 7, 10 0 9"));

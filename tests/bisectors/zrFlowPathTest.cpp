@@ -273,7 +273,7 @@ TEST(FlowPathGetVertex, OfEqualSlipsIsTheFirstVertex) {
   EXPECT_THAT(makePath("1 0, 1 5, 2 5", {1.0, 1.0, 2.0}).getVertex(1.0), VertexIs("1 0"));
 }
 
-TEST(FlowPathGetVertex, GoesOnFromTheFirstVertexWhereNoSegmentIsFound) {
+TEST(FlowPathGetVertex, KeptLostSegmentRunsOnFromTheStart) {
   zrFlowPath path = makePath("0 0, 1 0, 2 0", {0.0, 1.0, 2.0, 3.0, 4.0});
   CaptureStderr();
   EXPECT_THAT(path.getVertex(3.5), VertexIs("3.5 0"));  // startVector (-1, 0) times 0 - 3.5

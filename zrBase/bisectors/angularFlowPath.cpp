@@ -8,16 +8,21 @@ using namespace bisectorInternal;
 
 namespace {
 
-/// Reach of the last probe, at the template line: a fixed number of model units.
+// Kept on purpose (KeptTemplateProbeReachesTenThousandUnits): a fixed number of model units,
+// whatever the model's size.
+
+/// Reach of the last probe, at the template line.
 constexpr double templateProbeLength = 10000.0;
 
-/// A walk on a sound chain crosses each domain once. One that takes this many steps more runs in a
-/// circle.
+/// A walk crosses each domain once, as a rule. One that takes this many steps more than there are
+/// bisectors and segments runs in a circle, which ties and damaged links can make.
 constexpr std::size_t spareSteps = 5000;
 
 /// A direction turned clockwise by an angle in degrees; only a turned one is normalised.
 gdfVertex turned(const gdfVertex& direction, double angle) {
   gdfVertex v = direction;
+  // Kept on purpose (KeptOnlyATurnedDirectionIsNormalised): without an angle the direction keeps
+  // its length, and the probe reaches that many times as far.
   if (angle != 0.0) {
     v.rotateAroundZAxis(angle * GDF_DEGREEStoRADIANS);
     v.normalise();
@@ -30,6 +35,8 @@ gdfVertex turned(const gdfVertex& direction, double angle) {
 const std::vector<zr2DBisector>& zr2DBisectorSet::chainOfAngle(zre::side side, double angle) const {
   if (side == zre::sideLeft) return leftBisectors_;
   if (side == zre::sideRight) return rightBisectors_;
+  // Kept on purpose (KeptAngleChoosesTheChainOfNoSide): on the template and without a side the
+  // sense of turning decides; the walk through a point takes the right chain there.
   return angle < 0.0 ? leftBisectors_ : rightBisectors_;
 }
 
@@ -49,11 +56,13 @@ bool zr2DBisectorSet::generateAngularFlowPath(gdfVertex point, zrFlowPath& path,
     return true;
   }
   gdfVertex hit;
-  int domain = std::min(getDomain(side, point, hit), n - 2);
+  int domain = getDomain(side, point, hit);
   if (flipSide && domain > 1) {
     domain = 0;
     side = side == zre::sideRight ? zre::sideLeft : zre::sideRight;
   }
+  // A chain left over from a longer template may name domains that this one has not.
+  domain = std::clamp(domain, 0, n - 2);
   const Chain& chain = chainOfAngle(side, angle);
   const double height = heightAboveSegment(domain, point);
   path.setH(side == zre::sideRight ? -height : height);
@@ -63,6 +72,8 @@ bool zr2DBisectorSet::generateAngularFlowPath(gdfVertex point, zrFlowPath& path,
   std::vector<double>& slips = path.getSlipValues();
   gdfVertex current = point;
   double slip = 0.0;
+  // Kept on purpose (KeptAngularPathIsAppendedTo): neither list is emptied, repeats stay and the
+  // end vectors are not calculated, unlike in the other generators.
   flowLine.push_back(point);
   slips.push_back(0.0);
   // Kept on purpose (KeptAngularWalkStartsAtDomainOne): a point in domain 0 is treated as one in

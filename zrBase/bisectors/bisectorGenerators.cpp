@@ -98,8 +98,9 @@ bool zr2DBisectorSet::generateBisectors(const VertexLine& line, const gdfVertex&
   if (line.size() < 2) return false;
   lastBisector_ = -1;
   setTemplate(line);
+  const gdfVertex second = boundsSecond;
   boundsFirst_ = boundsFirst;
-  boundsSecond_ = boundsSecond;
+  boundsSecond_ = second;
   // Kept on purpose (KeptTwoVertexTemplateKeepsOldChains): no bisector is built, and none of an
   // earlier template goes.
   if (templateLine_.size() == 2) return true;

@@ -22,6 +22,7 @@ void zr2DBisectorSet::magicAdd(zre::side side, Chain& chain, zr2DBisector& bisec
 
 void zr2DBisectorSet::mergeWithLeftBisector(zre::side side, Chain& chain, int& index,
                                             zr2DBisector& bisector) const {
+  if (!isIn(chain, index)) return;
   NoRecorder recorder;
   ChainMerger<NoRecorder>(TemplateDirections(templateLine_), side, chain, recorder)
       .tie(index, bisector);

@@ -124,6 +124,8 @@ double zr2DBisectorSet::heightAboveSegment(int segment, const gdfVertex& p) cons
 }
 
 double zr2DBisectorSet::getRootBisectorHeight(const gdfVertex& point, int index) const {
+  // Kept on purpose (KeptRootHeightOnTemplateReadsRightChain): any side but left takes the right
+  // chain, the template too.
   const Chain& chain = chainOf(zr2DTools::getSideOfLine(templateLine_, point, tolerance_));
   return isIn(chain, index) ? at(chain, index).getVector().length() : 0.0;
 }
@@ -141,7 +143,11 @@ bool zr2DBisectorSet::calculateHeightAndLengthOnBaseLine(const gdfVertex& point,
                                                          double& length, int& domain) {
   const gdfVertex p = point;
   const zre::side side = zr2DTools::getSideOfLine(templateLine_, p, tolerance_);
+  // Kept on purpose (KeptPointOnTemplateWritesNoHeight): true comes with all three outputs
+  // unwritten; callers preset them.
   if (side == zre::sideOn) return true;
+  // Kept on purpose (KeptBaseLineWithoutHitMeasuresFromTheOrigin): where no probe meets a bisector
+  // `hit` stays at the origin, and height and length are measured from there.
   gdfVertex hit;
   domain = getDomain(side, p, hit);
   const int n = static_cast<int>(templateLine_.size());

@@ -7,6 +7,8 @@ using namespace bisectorInternal;
 
 namespace {
 
+// Kept on purpose (KeptPathEndsAtFiveThousandVertices): a longer path is cut there without a word,
+// and gets its end as if the template ended.
 constexpr std::size_t mostVertices = 5000;
 
 // Kept on purpose (KeptHeightIsMeasuredFromTheStepsVertex): the walks of this file pass the
@@ -100,6 +102,9 @@ void HeightWalk::nearestVertices() {
   for (int segment = 0;;) {
     const Step step = nearestStep(segment, last);
     if (step.index == -1 || flowLine.size() > mostVertices) return;
+    // Kept on purpose (KeptFirstPlaceAtTheOriginGoesOn): `last` starts at the origin, so a first
+    // place there adds no vertex; the walk goes on all the same, where later a repeated place ends
+    // it.
     if (step.place != last) {
       flowLine.push_back(step.place);
       last = step.place;
@@ -170,6 +175,8 @@ bool zr2DBisectorSet::generateFlowPath(double height, zrFlowPath& path) {
   flowLine.reserve(n);
   if (flowPathMode_ != 0) slips.reserve(n);
   flowLine.emplace_back();
+  // Kept on purpose (KeptSlipsOfAnEarlierPathStay): the vertices are emptied and the slip values
+  // are not; the form through a point empties both. Callers hand in an empty list.
   slips.push_back(0.0);
   HeightWalk walk(templateLine_, segmentDirections_, side, chain, height, path);
   // Kept on purpose (KeptModeZeroLeavesTwoSlips): the walk of mode 0 appends vertices alone, and

@@ -87,7 +87,9 @@ bool zr2DBisectorSet::generateFlowPath(const gdfVertex& point, zrFlowPath& path,
   const int n = static_cast<int>(templateLine_.size());
   if (n < 3) return generateFlowPathLessThan3Vertices(side, seed, path);
   gdfVertex hit;
-  int domain = std::min(getDomain(side, seed, hit), n - 2);
+  int domain = getDomain(side, seed, hit);
+  // Kept on purpose (KeptPointOnTemplateIgnoresItsHeight): the path is the template itself,
+  // whatever height is given.
   if (side == zre::sideOn) return generateFlowPathAlongInputLine(seed, path);
   // Kept on purpose (KeptFlipStartsAtDomainZero): domains 0 and 1 are never flipped, and any side
   // but right becomes right.
@@ -96,10 +98,15 @@ bool zr2DBisectorSet::generateFlowPath(const gdfVertex& point, zrFlowPath& path,
     side = side == zre::sideRight ? zre::sideLeft : zre::sideRight;
   }
   if (chainOf(side).empty()) return false;
-  if (height == gdfInternal::unset) {
+  // A chain left over from a longer template may name domains that this one has not.
+  const bool isOwnHeight = height == gdfInternal::unset;
+  domain = std::clamp(domain, 0, isOwnHeight ? n - 2 : n - 1);
+  if (isOwnHeight) {
     height = heightAboveSegment(domain, seed);
     if (side == zre::sideRight) height = -height;
   }
+  // Kept on purpose (KeptHeightSignDoesNotChooseTheSide): the side is that of the point; a given
+  // height of the other sign is stored as it is, and walked by its size on the side of the point.
   path.setH(height);
   path.setL(templateLine_[static_cast<std::size_t>(domain)].z());
 

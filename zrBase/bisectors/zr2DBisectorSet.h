@@ -31,7 +31,9 @@
 /// unless it says otherwise.
 ///
 /// Chains given to the functions are trusted. A climb through a chain of damaged links (an index
-/// outside it, a cycle) ends instead of reading outside or going on for ever.
+/// outside it, a cycle) ends instead of reading outside or going on for ever. Ties can also lead a
+/// walk in a circle on a chain as it was built: it ends once it has taken as many steps as there
+/// are template vertices, and goes on as at the end of the template; its path then holds repeats.
 ///
 /// getDomain() and what calls it write the set, so one set serves one thread at a time; separate
 /// sets are independent.
@@ -124,7 +126,8 @@ class ZRBASE_EXPORT zr2DBisectorSet {
 
   /// Crossing of the infinite lines of two bisectors: zr2DTools::getIntersect2 at 1e-09.
   bool getIntersectionVertex(const zr2DBisector& a, const zr2DBisector& b, gdfVertex& out) const;
-  /// Whether a place lies ahead of a bisector's base. Exactly sideways, base.x > place.x decides.
+  /// Whether a place lies ahead of a bisector's base. Exactly sideways, and for
+  /// what is no number, base.x > place.x decides.
   bool isSideOK(const zr2DBisector& bisector, const gdfVertex& place) const;
   /// Side of a vertex against the nearest bisector on the climb from an index upward.
   /// @param side not consulted
@@ -143,7 +146,9 @@ class ZRBASE_EXPORT zr2DBisectorSet {
   /// 1e-05) decides at once. Where none is met the one found last time does. Open bisectors count
   /// only up to their top: see expandBisectors().
   /// @param side zre::sideOn and zre::sideLeft mean the left chain, others the right one
-  /// @param hit  where the deciding bisector was met; untouched when no probe met one
+  /// @param hit  where the deciding bisector was met. Where a base decides, or nothing is met, it
+  /// keeps the place where an
+  ///             earlier bisector of the chain was met, or what it held before
   /// @return segment index; 0 where nothing decides
   int getDomain(zre::side side, const gdfVertex& p, gdfVertex& hit);
   /// Looks for bends of equal angle on either side of a vertex (true, line untouched) or of a pair
@@ -197,7 +202,9 @@ class ZRBASE_EXPORT zr2DBisectorSet {
   /// Climbs a chain to the bisector that spans a height above its left domain's segment.
   /// @param height its absolute value counts
   /// @param out    the place on that bisector at that height; untouched without one
-  /// @return the bisector's index; -1 for an index of -1, and where the climb runs out
+  /// @return the bisector's index; -1 for an index outside the chain, where the left domain is no
+  /// template segment, and
+  ///         where the climb runs out
   int getVertexAtHeightOnBisectorChain(zre::side side, const std::vector<zr2DBisector>& chain,
                                        double height, int index, gdfVertex& out) const;
   /// Nearest crossing of a probe with the bisectors from an index upward.
@@ -248,9 +255,12 @@ class ZRBASE_EXPORT zr2DBisectorSet {
   /// Replaces a chain by FBF roots: roots whose real normal keeps the direction of the bend, while
   /// normal and top are mirrored in x where the bend's two arms lead upward in y.
   void generateRootFBF_Bisectors(zre::side side, std::vector<zr2DBisector>& chain) const;
-  /// Widens every bend of an FBF chain by a width: pairs each inner bisector with one moved towards
-  /// the next base. Chains of 2 or fewer stay; retired bisectors leave; links are copied as they
-  /// stand.
+  /// Widens every bend of an FBF chain by a width, towards the next base.
+  ///
+  /// An unmirrored inner bisector stays, and a copy moves by the width, but not past the next base.
+  /// A mirrored one moves by the whole width; before it stands the unmoved one, or, where the width
+  /// is more than the way from the previous base, one moved by the rest. Chains of 2 or fewer stay;
+  /// retired inner bisectors leave; links are copied as they stand.
   void UpdateFBF_Bisectors(zre::side side, double width);
   /// The left chain, then the right chain.
   void UpdateFBF_Bisectors(double width);

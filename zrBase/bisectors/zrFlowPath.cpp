@@ -80,8 +80,11 @@ int zrFlowPath::getSegment(double slip) const {
 }
 
 gdfVertex zrFlowPath::getVertex(double slip) const {
-  if (slipValues_.empty() || flowLine_.empty()) return {};
+  if (slipValues_.empty()) return {};
   const int segment = getSegment(slip);
+  if (flowLine_.empty()) return {};
+  // Kept on purpose (KeptLostSegmentRunsOnFromTheStart): a search that found no segment gives the
+  // code of a slip before the path, and the point is laid out from the first vertex.
   if (segment == beforeFirst) return flowLine_[0] + startVector_ * (slipValues_[0] - slip);
   if (segment == afterLast) return flowLine_.back() + endVector_ * (slip - slipValues_.back());
   const auto i = static_cast<std::size_t>(segment);
@@ -114,6 +117,7 @@ int zrFlowPath::insertAnchor(const gdfVertex& point, double& shift) {
     const double y =
         from.y() + (to.y() - from.y()) * ((point.x() - from.x()) / (to.x() - from.x()));
     shift = point.y() - y;
+    // Kept on purpose (KeptAnchorTakesHeightOfVertexBefore): z is not interpolated.
     const gdfVertex anchor(point.x(), y, from.z());
     flowLine_.insert(flowLine_.begin() + static_cast<std::ptrdiff_t>(i) + 1, anchor);
     return static_cast<int>(i) + 1;

@@ -12,7 +12,8 @@ class gdfTransMatrix;
 /// each vertex, so that a point can be moved along it by an amount of slip.
 ///
 /// Slip is the signed length along the path from the vertex it was generated from, whose slip is 0;
-/// values ascend along the path and are negative before that vertex. The start and end vectors
+/// values ascend along the path and are negative before that vertex (paths of mode 0 and sheared
+/// lines that turn back are exceptions). The start and end vectors
 /// point out of the path, and carry it on straight past its ends.
 ///
 ///      startVector <-- v0 ---- v1 ---- v2 ---- v3 --> endVector

@@ -54,6 +54,9 @@ inline double topHeight(const zr2DBisector& b, const gdfVertex& origin, const gd
   return b.getTopConnect() == -1 ? gdfInternal::unset : (b.getTop() - origin) * across;
 }
 
+// Kept on purpose (KeptRootHeightStartsAtZero): wherever the base of a root lies, above whichever
+// vertex is asked for.
+
 /// Height of a bisector's base over a template vertex, across a domain; 0 for a root.
 inline double baseHeight(const zr2DBisector& b, const gdfVertex& origin, const gdfVertex& across) {
   return b.getType() == rootType ? 0.0 : (b.getBase() - origin) * across;

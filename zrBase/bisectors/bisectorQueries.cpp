@@ -1,5 +1,6 @@
 #include <zrBase/bisectors/internal/domainGeometry.h>
 #include <zrBase/bisectors/zr2DBisectorSet.h>
+#include <zrBase/tools2d/internal/lineLineScan.h>
 #include <zrBase/tools2d/zr2DTools.h>
 #include <zrBase/tools3d/zr3DTools.h>
 
@@ -95,6 +96,8 @@ int zr2DBisectorSet::getDomain(zre::side side, const gdfVertex& p, gdfVertex& hi
                                  gdfVertex(point.x(), boundsSecond_.y(), 0.0), 1);
   const Chain& chain =
       side == zre::sideOn || side == zre::sideLeft ? leftBisectors_ : rightBisectors_;
+  const zr2DTools::internal::SegmentBox boxAlongX(alongX.start, alongX.end);
+  const zr2DTools::internal::SegmentBox boxAlongY(alongY.start, alongY.end);
   NearestBisector nearest(point, hit);
   for (std::size_t i = 0; i < chain.size(); ++i) {
     constexpr double baseCloseness = 1e-05;
@@ -106,8 +109,15 @@ int zr2DBisectorSet::getDomain(zre::side side, const gdfVertex& p, gdfVertex& hi
       break;
     }
     if (chain[i].getType() == retiredType) continue;
-    nearest.meet(chain[i], index, alongX);
-    nearest.meet(chain[i], index, alongY);
+    // Most bisectors lie beside both probes, which two outcodes tell without a branch.
+    const gdfVertex& base = chain[i].getBase();
+    const gdfVertex& top = chain[i].getTop();
+    if ((boxAlongX.sidesBeyond(base) & boxAlongX.sidesBeyond(top)) == 0) {
+      nearest.meet(chain[i], index, alongX);
+    }
+    if ((boxAlongY.sidesBeyond(base) & boxAlongY.sidesBeyond(top)) == 0) {
+      nearest.meet(chain[i], index, alongY);
+    }
   }
   // Kept on purpose (KeptDomainFallsBackOnLastBisector): where nothing is met the last one found
   // serves, whichever chain it was found in. Points dragged past the end of the skeleton keep their

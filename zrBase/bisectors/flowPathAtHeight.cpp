@@ -55,6 +55,7 @@ class HeightWalk {
   const Chain& chain_;
   double height_;
   zrFlowPath& path_;
+  bool domainsFall_ = true;  // left domains never grow on a climb, as built chains have it
 };
 
 bool HeightWalk::qualifies(const zr2DBisector& b, const gdfVertex& origin, gdfVertex& place) const {
@@ -81,7 +82,10 @@ HeightWalk::Step HeightWalk::nearestStep(int segment, const gdfVertex& last) con
        index = at(chain_, index).getTopConnect()) {
     const zr2DBisector& b = at(chain_, index);
     if (!isSegment(line_, b.getLeftDomain())) continue;
-    if (firstDomain != -1 && b.getLeftDomain() != firstDomain) continue;
+    if (firstDomain != -1 && b.getLeftDomain() != firstDomain) {
+      if (domainsFall_) break;  // none further up has that domain again
+      continue;
+    }
     gdfVertex place;
     if (!qualifies(b, origin, place)) continue;
     firstDomain = b.getLeftDomain();
@@ -96,6 +100,13 @@ HeightWalk::Step HeightWalk::nearestStep(int segment, const gdfVertex& last) con
 }
 
 void HeightWalk::nearestVertices() {
+  for (const zr2DBisector& b : chain_) {
+    if (isIn(chain_, b.getTopConnect()) &&
+        at(chain_, b.getTopConnect()).getLeftDomain() > b.getLeftDomain()) {
+      domainsFall_ = false;
+      break;
+    }
+  }
   VertexLine& flowLine = path_.getFlowLine();
   gdfVertex last;
   bool stood = false;

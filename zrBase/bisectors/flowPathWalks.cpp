@@ -175,6 +175,10 @@ bool zr2DBisectorSet::generateFlowPathLessThan3Vertices(zre::side side, const gd
 void zr2DBisectorSet::removeZeroLengthSegments(zrFlowPath& path) const {
   VertexLine& vertices = path.getFlowLine();
   std::vector<double>& slips = path.getSlipValues();
+  const auto coincide = [](const gdfVertex& v, const gdfVertex& w) {
+    return (v - w).length2() == 0.0;
+  };
+  if (std::adjacent_find(vertices.begin(), vertices.end(), coincide) == vertices.end()) return;
   std::size_t vertexCount = 0;
   std::size_t slipCount = 0;
   std::size_t i = 0;

@@ -5,7 +5,41 @@
 #include <zrBase/geometry/gdfVertex.h>
 #include <zrBase/tools2d/side.h>
 
+#include <cmath>
+
 namespace zr2DTools {
+
+namespace internal {
+
+inline double sumOfSizes(const gdfVertex& v) {
+  return std::fabs(v.x()) + std::fabs(v.y()) + std::fabs(v.z());
+}
+
+/// A length that is neither so short that normalise makes nothing of it, nor near an overflow.
+inline bool hasPlainLength(double sumOfSizes) { return sumOfSizes > 1e-4 && sumOfSizes < 1e30; }
+
+/// Share of the sizes within which a side is not clear. It is wide: gdfVertex::normalise moves a
+/// unit vector by less than 2e-8, where it snaps onto an axis.
+constexpr double doubtfulShare = 1e-6;
+
+inline double sideMeasure(const gdfVertex& w, const gdfVertex& direction) {
+  // Kept on purpose (KeptSideMeasureAddsProductOfHeights): w.z v.z is no part of a cross product,
+  // and stays: sets of bisectors over templates with heights are built with it.
+  return w.y() * direction.x() - direction.y() * w.x() + w.z() * direction.z();
+}
+
+/// The side by vectors that are not normalised, where `doubt` leaves it clear; else sideNone. As
+/// the sum of sizes is no less than a length, a measure beyond (doubtfulShare + tolerance) times
+/// the sums is beyond the tolerance for unit vectors too.
+inline zre::side clearSide(const gdfVertex& w, const gdfVertex& direction, double doubt) {
+  constexpr double leastDoubt = 1e-200;  // below this the products may have underflowed
+  const double measure = sideMeasure(w, direction);
+  if (!(doubt > leastDoubt)) return zre::sideNone;
+  if (measure > doubt) return zre::sideLeft;
+  return measure < -doubt ? zre::sideRight : zre::sideNone;
+}
+
+}  // namespace internal
 
 /// Side of a vertex against a vector, in the x-y plane.
 ///
@@ -15,10 +49,15 @@ namespace zr2DTools {
 inline zre::side getSideOfVector(const gdfVertex& origin, const gdfVertex& direction,
                                  const gdfVertex& p, double tolerance) {
   gdfVertex w = p - origin;
+  // Most sides are clear without the root and the divisions of a normalisation.
+  const double size = internal::sumOfSizes(w);
+  if (tolerance >= 0.0 && internal::hasPlainLength(size)) {
+    const double share = internal::doubtfulShare * internal::sumOfSizes(direction) + tolerance;
+    const zre::side clear = internal::clearSide(w, direction, share * size);
+    if (clear != zre::sideNone) return clear;
+  }
   w.normalise();
-  // Kept on purpose (KeptSideMeasureAddsProductOfHeights): w.z v.z is no part of a cross product,
-  // and stays: sets of bisectors over templates with heights are built with it.
-  const double measure = w.y() * direction.x() - direction.y() * w.x() + w.z() * direction.z();
+  const double measure = internal::sideMeasure(w, direction);
   if (measure > tolerance) return zre::sideLeft;
   if (measure < -tolerance) return zre::sideRight;
   return zre::sideOn;
@@ -34,6 +73,14 @@ inline zre::side getSideOfSegment(const gdfVertex& start, const gdfVertex& end, 
   // ends.
   if (p.equal(start, endCloseness) || p.equal(end, endCloseness)) return zre::sideOn;
   gdfVertex direction = end - start;
+  const gdfVertex w = p - start;
+  const double size = internal::sumOfSizes(w);
+  const double length = internal::sumOfSizes(direction);
+  if (tolerance >= 0.0 && internal::hasPlainLength(size) && internal::hasPlainLength(length)) {
+    const double share = internal::doubtfulShare + tolerance;
+    const zre::side clear = internal::clearSide(w, direction, share * size * length);
+    if (clear != zre::sideNone) return clear;
+  }
   direction.normalise();
   return getSideOfVector(start, direction, p, tolerance);
 }

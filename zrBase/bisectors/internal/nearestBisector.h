@@ -12,32 +12,18 @@
 
 /// The nearest bisector on a climb, and the side of a vertex against it.
 ///
-/// The measures that decide (sideOfVector at tolerance 0, distanceFromBisector) cost several roots
-/// and divisions each. Most decisions are clear from plain products; the measures themselves are
-/// worked out only where the plain ones leave doubt. The margins are wide: gdfVertex::normalise
-/// moves a unit vector by less than 2e-8 (where it snaps onto an axis), and 1e-6 is asked for.
+/// The measure of nearness (distanceFromBisector) costs several roots and divisions. Plain products
+/// bound it; the measure itself is worked out only for bisectors that the bounds leave in doubt.
+/// The margins are wide: gdfVertex::normalise moves a unit vector by less than 2e-8 (where it snaps
+/// onto an axis), and 1e-6 is asked for.
 namespace bisectorInternal {
 
 constexpr double relativeDoubt = 1e-6;
 constexpr double absoluteDoubt = 1e-4;
 
-inline double sumOfSizes(const gdfVertex& v) {
-  return std::fabs(v.x()) + std::fabs(v.y()) + std::fabs(v.z());
-}
-
-/// zr2DTools::getSideOfVector at tolerance 0, without the normalisation where the sign is clear.
+/// zr2DTools::getSideOfVector at tolerance 0.
 inline zre::side sideOfVector(const gdfVertex& origin, const gdfVertex& direction,
                               const gdfVertex& p) {
-  const gdfVertex w = p - origin;
-  const double measure = w.y() * direction.x() - direction.y() * w.x() + w.z() * direction.z();
-  const double size = sumOfSizes(w);
-  const double doubt = relativeDoubt * size * sumOfSizes(direction);
-  // Beyond the greatest size the length overflows, and the vector is normalised to nothing.
-  constexpr double greatestSize = 1e150;
-  if (size > absoluteDoubt && size < greatestSize) {
-    if (measure > doubt) return zre::sideLeft;
-    if (measure < -doubt) return zre::sideRight;
-  }
   return zr2DTools::getSideOfVector(origin, direction, p, 0.0);
 }
 
@@ -64,7 +50,7 @@ inline DistanceBounds boundsOfDistance(const zr2DBisector& b, const gdfVertex& p
   const double squaredLength = along.length2();
   const bool isFlat = along.z() == 0.0 && w.z() == 0.0;
   const bool isLong = squaredLength > absoluteDoubt;
-  const double size = sumOfSizes(w) + sumOfSizes(along);
+  const double size = zr2DTools::internal::sumOfSizes(w) + zr2DTools::internal::sumOfSizes(along);
   if (!isFlat || !isLong || !(size < 1e30)) return {};
   const double t = along * w;
   double squared = 0.0;

@@ -49,7 +49,7 @@ std::size_t rootCount(const VertexLine& line) { return line.size() < 2 ? 0 : lin
 void putRoots(const TemplateDirections& directions, zre::side side, Chain& chain) {
   const VertexLine& line = directions.line();
   chain.clear();
-  chain.reserve(5 * rootCount(line) / 2);
+  chain.reserve(9 * rootCount(line) / 4);  // what chains of real traces come to
   chain.resize(rootCount(line));
   for (std::size_t j = 0; j < chain.size(); ++j) {
     const int vertex = static_cast<int>(j) + 1;

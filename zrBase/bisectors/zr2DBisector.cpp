@@ -32,17 +32,13 @@ zr2DBisector& zr2DBisector::operator=(zr2DBisector&& other) noexcept {
   return *this;
 }
 
-void zr2DBisector::addBaseConnection(int connection) {
+void zr2DBisector::lengthenArray(int connection) {
   const std::int32_t count = noBaseConnections_ + 1;
-  if (count <= connectionsInRecord) {
-    connections_.inRecord[noBaseConnections_] = connection;
-  } else {
-    std::int32_t* longer = new std::int32_t[static_cast<std::size_t>(count)];
-    for (int i = 0; i < noBaseConnections_; ++i) longer[i] = getBaseConnection(i);
-    longer[noBaseConnections_] = connection;
-    free();
-    connections_.array = longer;
-  }
+  std::int32_t* longer = new std::int32_t[static_cast<std::size_t>(count)];
+  for (int i = 0; i < noBaseConnections_; ++i) longer[i] = getBaseConnection(i);
+  longer[noBaseConnections_] = connection;
+  free();
+  connections_.array = longer;
   noBaseConnections_ = count;
 }
 

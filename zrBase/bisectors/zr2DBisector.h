@@ -40,7 +40,13 @@ class ZRBASE_EXPORT zr2DBisector {
     noBaseConnections_ = 0;
   }
   /// Appends a base connection.
-  void addBaseConnection(int connection);
+  void addBaseConnection(int connection) {
+    if (noBaseConnections_ < connectionsInRecord) {
+      connections_.inRecord[noBaseConnections_++] = connection;
+    } else {
+      lengthenArray(connection);
+    }
+  }
   /// Base connection i, from 0 to getNoBaseConnections() - 1; i is not tested.
   /// For a root bisector the one entry is the index of its template vertex; for a merged one the
   /// entries are the chain indices of the bisectors that end at its base.
@@ -118,6 +124,7 @@ class ZRBASE_EXPORT zr2DBisector {
     std::int32_t* array;
   };
 
+  void lengthenArray(int connection);
   void copyConnections(const zr2DBisector& other);
   void copyFields(const zr2DBisector& other);
 

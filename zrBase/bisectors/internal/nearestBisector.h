@@ -111,10 +111,17 @@ int nearestOnClimb(const Chain& chain, int start, const gdfVertex& p, Recorder& 
     if (count < mostNoted) noted[count] = {i, bounds.least};
     ++count;
   }
-  NearestSoFar nearest;
-  for (int k = 0; k < std::min(count, mostNoted); ++k) {
-    if (noted[k].least <= leastUpperBound) nearest.meet(chain, noted[k].index, p);
+  const int notedCount = std::min(count, mostNoted);
+  int inDoubt = 0;
+  for (int k = 0; k < notedCount; ++k) {
+    if (noted[k].least <= leastUpperBound) noted[inDoubt++] = noted[k];
   }
+  // One that is nearer than all others by its bounds, and than the unset distance, needs no
+  // distance.
+  if (inDoubt == 1 && count <= mostNoted && leastUpperBound < gdfInternal::unset)
+    return noted[0].index;
+  NearestSoFar nearest;
+  for (int k = 0; k < inDoubt; ++k) nearest.meet(chain, noted[k].index, p);
   if (count > mostNoted) {
     for (int k = at(chain, noted[mostNoted - 1].index).getTopConnect(); k != i;
          k = at(chain, k).getTopConnect()) {

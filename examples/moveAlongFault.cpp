@@ -1,12 +1,13 @@
-// Moves a point of the hanging wall along a fault by slip: a skeleton is built for the fault's trace, a flow path is
-// laid through the point, and the point goes along it.
+// Moves a point of the hanging wall along a fault by slip: a skeleton is built for the fault's
+// trace, a flow path is laid through the point, and the point goes along it.
 
 #include <zrBase/zrBase.h>
 
 #include <iostream>
 
 int main() {
-  const VertexLine fault = {{0, 0}, {1000, 0}, {1800, 600}, {3000, 600}};  // x east, y north, metres
+  const VertexLine fault = {
+      {0, 0}, {1000, 0}, {1800, 600}, {3000, 600}};  // x east, y north, metres
 
   zr2DBisectorSet skeleton;
   skeleton.generateBisectors(fault, gdfVertex(-5000, -5000), gdfVertex(8000, 5000));

@@ -20,4 +20,8 @@
 #include <zrBase/bisectors/zr2DBisectorSet.h>
 #include <zrBase/bisectors/zrFlowPath.h>
 
+#include <zrBase/numerics/mgcEigen.h>
+#include <zrBase/numerics/mgcEigenD.h>
+#include <zrBase/numerics/symmetricEigenSolver.h>
+
 #endif  // ZRBASE_ZRBASE_H

@@ -15,10 +15,12 @@
 /// Crossings are solved in x and y; each function tells whose z a crossing takes. Distances and
 /// equality stay in three dimensions where a function says so.
 
+#include <zrBase/tools2d/lineCleaning.h>
 #include <zrBase/tools2d/lineIntersection.h>
 #include <zrBase/tools2d/lineLocation.h>
 #include <zrBase/tools2d/lineMeasures.h>
 #include <zrBase/tools2d/lineSolvers.h>
+#include <zrBase/tools2d/lineSplitting.h>
 #include <zrBase/tools2d/segmentIntersection.h>
 #include <zrBase/tools2d/side.h>
 #include <zrBase/tools2d/sideTests.h>

@@ -14,12 +14,18 @@
 /// | triangleMeasures.h   | areas of triangles, volume of a tetrahedron                           |
 /// | linePosition.h       | where on a line a vertex lies, which vertex lies at a distance        |
 /// | lineSampling.h       | lines resampled at an interval or by a ratio of the vertex count      |
+/// | planeIntersection.h  | planes cut with segments, lines and polygons                          |
+/// | planePlaneIntersection.h | planes cut with planes                                            |
+/// | planeTriangleIntersection.h | planes cut with triangles                                      |
 /// | reversedSegments.h   | report of a segment that runs against its line                        |
 
 #include <zrBase/tools3d/endSpecifier.h>
 #include <zrBase/tools3d/lineMeasures3D.h>
 #include <zrBase/tools3d/linePosition.h>
 #include <zrBase/tools3d/lineSampling.h>
+#include <zrBase/tools3d/planeIntersection.h>
+#include <zrBase/tools3d/planePlaneIntersection.h>
+#include <zrBase/tools3d/planeTriangleIntersection.h>
 #include <zrBase/tools3d/reversedSegments.h>
 #include <zrBase/tools3d/triangleMeasures.h>
 #include <zrBase/tools3d/vertexDistances.h>

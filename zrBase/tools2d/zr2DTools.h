@@ -21,6 +21,9 @@
 #include <zrBase/tools2d/lineMeasures.h>
 #include <zrBase/tools2d/lineSolvers.h>
 #include <zrBase/tools2d/lineSplitting.h>
+#include <zrBase/tools2d/polygonBoundary.h>
+#include <zrBase/tools2d/polygonContainment.h>
+#include <zrBase/tools2d/polygonRepair.h>
 #include <zrBase/tools2d/segmentIntersection.h>
 #include <zrBase/tools2d/side.h>
 #include <zrBase/tools2d/sideTests.h>

@@ -3,10 +3,11 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
-#include "commandError.h"
-#include "flowpathCommand.h"
-#include "textFormat.h"
+#include "common/command.h"
+#include "common/textFormat.h"
+#include "flowpath/flowpathCommand.h"
 
 namespace {
 
@@ -24,24 +25,28 @@ int run(int argumentCount, char** arguments) {
       "zrbase");
   application.set_version_flag("--version", "zrbase " ZRBASE_VERSION);
   application.require_subcommand(0, 1);
-  FlowpathOptions flowpathOptions;
-  const CLI::App* const flowpath = addFlowpathCommand(application, flowpathOptions);
-  std::string command = "zrbase";
+  const std::vector<Command> commands = {addFlowpathCommand(application)};
+  std::string name = "zrbase";
   try {
     application.parse(argumentCount, arguments);
-    if (flowpath->parsed()) {
-      command = "zrbase flowpath";
-      runFlowpathCommand(flowpathOptions, argumentCount, arguments);
-      return 0;
+    for (const Command& command : commands) {
+      if (command.parser->parsed()) {
+        name = "zrbase " + command.parser->get_name();
+        command.run();
+        return 0;
+      }
     }
     std::cout << application.help();
     return 0;
   } catch (const CLI::Success& information) {  // --help and --version
     return application.exit(information);
   } catch (const CLI::ParseError& error) {
-    return fail(flowpath->parsed() ? "zrbase flowpath" : "zrbase", error.what());
+    for (const Command& command : commands) {
+      name = command.parser->parsed() ? "zrbase " + command.parser->get_name() : name;
+    }
+    return fail(name, error.what());
   } catch (const std::exception& error) {
-    return fail(command, error.what());
+    return fail(name, error.what());
   }
 }
 

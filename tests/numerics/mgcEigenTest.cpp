@@ -384,6 +384,43 @@ TEST_F(Eigen, KeptCornerIsComparedWithZeroExactly) {
   EXPECT_THAT(valuesOf(solver, 3), ElementsAre(1, 2, 3));
 }
 
+TEST_F(Eigen, KeptCornersOfSizeFourAreComparedWithZeroExactly) {
+  // The square of m02 underflows: the length that everything is divided by comes out 0.
+  mgcEigen solver(4);
+  fill(solver, with(diagonal({1, 2, 3, 4}), 0, 2, 1e-200));
+  solver.EigenStuff4();
+  EXPECT_EQ(mgcEigen::error, mgcEigen::ql_exceeded);
+  EXPECT_TRUE(std::isnan(solver.Eigenvalue(0)));
+}
+
+TEST_F(Eigen, KeptCornerOfTheLowerBlockIsComparedWithZeroExactly) {
+  // The first row is free; below it m13 underflows as the corner of size three does.
+  mgcEigen solver(4);
+  fill(solver, with(diagonal({1, 2, 3, 4}), 1, 3, 1e-200));
+  solver.EigenStuff4();
+  EXPECT_EQ(mgcEigen::error, mgcEigen::ql_exceeded);
+  EXPECT_DOUBLE_EQ(solver.Eigenvalue(0), 1.0);
+  EXPECT_TRUE(std::isnan(solver.Eigenvalue(1)));
+}
+
+TEST_F(Eigen, KeptShortestCrossProductStillGivesTheBasis) {
+  // u = (1, 1, 1) / sqrt(3), A u = (2, 2, 2 + e) / sqrt(3) with e = 2^-40: u x A u = e / 3 (1, -1,
+  // 0). So short a vector still is a direction, and (0, 1, -1, 0) an eigenvector to the value 2,
+  // since the first row weighs its two elements alike. A basis chosen by the axes would be off by
+  // 5e-4.
+  Square m = with(with(with(diagonal({2, 2, 2, 2}), 0, 1, 1), 0, 2, 1), 0, 3, 1);
+  m[3][3] += std::ldexp(1.0, -40);
+  mgcEigen solver(4);
+  fill(solver, m);
+  solver.EigenStuff4();
+  EXPECT_NEAR(solver.Eigenvalue(3), 2.0, 1e-15);
+  const std::vector<double> v = vectorOf(solver, 4, 3);
+  EXPECT_NEAR(v[0], 0.0, 1e-6);
+  EXPECT_NEAR(std::fabs(v[1]), half, 1e-6);
+  EXPECT_NEAR(v[2], -v[1], 1e-6);
+  EXPECT_NEAR(v[3], 0.0, 1e-6);
+}
+
 TEST_F(Eigen, SizesBelowTwoRaiseTheFlagAndTakeNoStorage) {
   for (const int size : {1, 0, -1, std::numeric_limits<int>::min()}) {
     mgcEigen::error = 0;

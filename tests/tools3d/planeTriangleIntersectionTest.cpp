@@ -119,6 +119,9 @@ TEST(PlaneTriangleIntersect, PassesRejectedPlacesOn) {
             (Stretch{false, {infinity, 3, 0}, {-4, -5, -6}}));
   EXPECT_EQ(cut(0.0, "1e308 0 0, -1e308 3 -1, 1e308 3 1"),
             (Stretch{false, {1e308, 0, 0}, {infinity, 3, 0}}));
+  // On b-c and on c-a x overflows; a and b lie on one side.
+  EXPECT_EQ(cut(0.0, "1e308 9 -1, -1e308 3 -1, 1e308 3 1"),
+            (Stretch{false, {infinity, 3, 0}, {-4, -5, -6}}));
 }
 
 TEST(PlaneTriangleIntersect, OutputsMayBeCorners) {

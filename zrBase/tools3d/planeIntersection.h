@@ -70,6 +70,7 @@ inline bool planeSegmentIntersect(const gdfVertex& point, const gdfVertex& norma
 /// First place, in the line's order, where a line passes through a plane: planeSegmentIntersect on
 /// one segment after the other. False for fewer than two vertices.
 ///
+/// @param tolerance  that of planeSegmentIntersect, here and in all forms below
 /// @param out  the hit; after a false untouched, or the last hit that was rejected as not finite
 /// @param segment  number of the segment that is hit; untouched after a false
 ZRBASE_EXPORT bool planeLineIntersect(double d, const gdfVertex& normal, const VertexLine& line,
@@ -97,7 +98,8 @@ ZRBASE_EXPORT bool planeLineIntersect(const gdfVertex& point, const gdfVertex& n
                                       const VertexLine& line, VertexLine& out, double tolerance);
 
 /// Of all places where a line passes through a plane the one nearest to a reference, in space.
-/// Among equal distances the lower-numbered segment stays.
+/// Among equal distances the lower-numbered segment stays. The places are those that
+/// planeSegmentIntersect finds on each segment, with the same tolerance.
 ///
 /// False for fewer than two vertices, and when no hit is nearer than 3.4028234663852886e+38. The
 /// outputs are then untouched: unlike planeLineIntersect, this never writes a rejected hit.

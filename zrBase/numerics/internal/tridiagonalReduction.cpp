@@ -60,6 +60,7 @@ void setColumn(double** mat, int col, const Triple& v) {
 void reduceLowerBlock(const LowerBlock& a, double** mat, double* diag, double* subd) {
   setToIdentity(4, mat);
   diag[1] = a.m11;
+  // Kept on purpose (KeptCornerOfTheLowerBlockIsComparedWithZeroExactly): as for size three.
   if (a.m13 == 0.0) {
     diag[2] = a.m22;
     diag[3] = a.m33;
@@ -214,6 +215,7 @@ void tridiagonal4(double** mat, double* diag, double* subd) {
   const LowerBlock a(mat);
   diag[0] = mat[0][0];
   subd[3] = 0.0;
+  // Kept on purpose (KeptCornersOfSizeFourAreComparedWithZeroExactly): as for size three.
   if (first.y == 0.0 && first.z == 0.0) {
     subd[0] = first.x;
     reduceLowerBlock(a, mat, diag, subd);
@@ -227,6 +229,9 @@ void tridiagonal4(double** mat, double* diag, double* subd) {
   const Triple p = cross(u, au);
   const double len = length(p);
   LowerBasis basis{};
+  // Kept on purpose (KeptShortestCrossProductStillGivesTheBasis): any length above 0 will do, since
+  // its direction is good down to the last digits. A tolerance would turn the eigenvectors of
+  // nearly equal values.
   if (len > 0.0) {
     basis.r = divided(p, len);
     basis.s = cross(basis.r, u);

@@ -230,8 +230,8 @@ bool plainSplit(const VertexLine& l, const VertexLine& splitter, VertexLineList&
   for (std::size_t i = 0; i + 1 < l.size(); ++i) {
     for (std::size_t j = 0; j + 1 < splitter.size(); ++j) {
       if (!plainHit(l[i], l[i + 1], splitter[j], splitter[j + 1], hit, within)) continue;
-      if (!cuts.empty() && std::abs(hit.x() - cuts.back().x()) < 1e-05 &&
-          std::abs(hit.y() - cuts.back().y()) < 1e-05) {
+      if (!cuts.empty() && !(std::abs(hit.x() - cuts.back().x()) >= 1e-05 ||
+                             std::abs(hit.y() - cuts.back().y()) >= 1e-05)) {
         continue;
       }
       positions.push_back(i + 1);
@@ -288,6 +288,18 @@ TEST(FastSplitLineWithLine, CutsLongLinesInLineOrder) {
   EXPECT_THAT(got.pieces.front(), LineIs("0 0, 0.25 0"));
   EXPECT_THAT(got.pieces[4], LineIs("1.75 0, 2 0, 2.25 0"));
   EXPECT_THAT(got.pieces.back(), LineIs("2999.25 0, 2999.75 0"));
+}
+
+TEST(FastSplitLineWithLine, TakesTwoInfinitePlacesForOne) {
+  // Both the second and the third side of the splitter meet the line at x = infinity: their
+  // difference is no number, hence not "far enough".
+  const double infinity = std::numeric_limits<double>::infinity();
+  const VertexLine bent = {{1, 1, 0}, {3, 3, 1}, {infinity, 4, 0}, {infinity, 1, 0}};
+  VertexLineList pieces;
+  zr2DTools::fastSplitLineWithLine(bent, bent, pieces, 0.1);
+  ASSERT_FALSE(pieces.empty());
+  EXPECT_EQ(pieces.back().size(), 3U);
+  EXPECT_EQ(pieces.back().back().y(), 1.0);
 }
 
 }  // namespace

@@ -91,6 +91,18 @@ TEST(CompletePolygon, StopsAtTheSegmentThatMakesBothEndsKnown) {
   expectAdded(folded, "2 4, 2 8, 10 10, 19 8, 19 4", "20 0, 2 4");
 }
 
+TEST(CompletePolygon, TestsBothEndsOnTheLastSegment) {
+  // Segment 0 meets the last side alone, segment 2 both: it is the segment of both ends.
+  const char* const folded = "0 0, 20 0, 20 -4, -4 -4, -4 20, 20 20";
+  expectAdded(folded, "18 -3, 18 -1, 9 -1, 2 8, 2 4", "-4 -4, 18 -3");
+}
+
+TEST(CompletePolygon, ClosesEndsThatLieExactlyOneStepApart) {
+  // A length of 64 over eight vertices is a step of 8.
+  expectAdded("0 0, 16 0, 16 16, 0 16, 0 8, 0 4, 0 2, 0 0", "4 2, 4 6, 8 10, 12 6, 12 2",
+              "16 0, 4 2");
+}
+
 TEST(CompletePolygon, TakesThePolygonAsItsOwnBoundary) {
   VertexLine own = line("0 0, 0 6, 6 6, 6 0, 12 0, 12 6");
   EXPECT_TRUE(zr2DTools::completePolygon(own, own, tolerance));
@@ -117,6 +129,16 @@ TEST(CombineBoundaries, JoinsTheStretchBetweenCrossingsAndAnArc) {
   EXPECT_EQ(joined.crossings, 2);
   EXPECT_FALSE(joined.touching);
   EXPECT_THAT(joined.result, LineIs("5 0, 10 0, 10 40, 20 40, 25 0, 25 -5, 15 -6, 5 -5"));
+}
+
+TEST(CombineBoundaries, KeptCollapsedRingStillReplacesTheResult) {
+  // Two crossings, but every vertex of the ring lies within 100 of the one before it.
+  VertexLine result = line("7 7 7, 8 8 8");
+  bool touching = false;
+  EXPECT_EQ(zr2DTools::combineBoundaries(line(tower), line("5 5, 5 -5, 15 -6, 25 -5, 25 5"), result,
+                                         0.0, 100.0, touching),
+            0);
+  EXPECT_THAT(result, LineIs("5 0"));
 }
 
 TEST(CombineBoundaries, JoinsTheStretchPastBothEnds) {

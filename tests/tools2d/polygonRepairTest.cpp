@@ -79,7 +79,7 @@ TEST(ConditionPolygon, KeptConditioningReachIsThatOfTheStart) {
               LineIs("6 0, 10 0, 10 2, 5 2, 0 2, -1 -1, 5 -1, 5 1, 5 3"));
 }
 
-TEST(ConditionPolygon, DoesNotCompareTheFirstSideWithTheLast) {
+TEST(ConditionPolygon, KeptFirstSideIsNeverComparedWithTheLast) {
   const char* const crossed = "0 0, 10 0, 10 5, 5 5, 5 -5";
   EXPECT_THAT(conditioned(crossed), LineIs(crossed));
 }

@@ -3,6 +3,7 @@
 #include <zrBase/tools2d/internal/lineLineScan.h>
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <iterator>
 #include <utility>
@@ -69,10 +70,17 @@ class CutCollector {
     if (isNearStart(hit, line_[i])) return;
     // Kept on purpose (KeptRepeatedCutIsSoughtInLastOnly): a splitter that comes back to an earlier
     // cut of the same segment cuts there again.
-    if (!cuts_.empty() && hit.equalXY(cuts_.back().point, gdfInternal::exactnessLimit)) return;
+    if (!cuts_.empty() && !differs(hit, cuts_.back().point)) return;
     // Kept on purpose (KeptCutsFollowTheSplitter): in the order of discovery; nothing is sorted
     // along the line.
     cuts_.push_back({i + 1, gdfVertex(hit.x(), hit.y(), heightAt(line_[i], line_[i + 1], hit))});
+  }
+
+  // By the exactness limit or more. Differences that are no numbers, as of two infinite places, are
+  // none.
+  static bool differs(const gdfVertex& hit, const gdfVertex& last) {
+    return std::fabs(hit.x() - last.x()) >= gdfInternal::exactnessLimit ||
+           std::fabs(hit.y() - last.y()) >= gdfInternal::exactnessLimit;
   }
 
   const VertexLine& line_;

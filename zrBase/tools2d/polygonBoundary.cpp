@@ -6,6 +6,7 @@
 #include <zrBase/tools2d/segmentIntersection.h>
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace zr2DTools {
@@ -214,7 +215,9 @@ int combineBoundaries(const VertexLine& first, const VertexLine& second, VertexL
   if (ring.back() != end.vertex) ring.push_back(end.vertex);
   appendArc(ring, second, start.onSecond, end.onSecond);
   removeDuplicateAdjacentVertices(ring, tolerance);
-  result = ring;
+  // Kept on purpose (KeptCollapsedRingStillReplacesTheResult): a ring that shrinks to one vertex is
+  // told as 0, as if nothing had been combined, and yet takes the place of the result.
+  result = std::move(ring);
   return result.size() > 1 ? static_cast<int>(crossings.size()) : 0;
 }
 

@@ -26,6 +26,8 @@ namespace zr2DTools {
 ///
 /// Then removeDuplicateAdjacentVertices, and a copy of the first vertex if the last is not exactly
 /// equal to it.
+/// @param tolerance  of the crossings (closed) and of the removal (strict: 0 or less removes
+/// nothing)
 /// @return false, with the polygon untouched, when either line has fewer than five vertices, when
 ///         the polygon's ends are closer together in space than one step, or when an end meets no
 ///         boundary segment
@@ -52,9 +54,12 @@ ZRBASE_EXPORT bool completePolygon(const VertexLine& boundary, VertexLine& polyg
 ///
 /// Last removeDuplicateAdjacentVertices. The ring's first vertex is not repeated at its end.
 /// @param result  replaced; left alone with fewer than two crossings. It may be one of the inputs.
+/// @param tolerance  of the crossings (closed) and of the removal (strict: 0 or less removes
+/// nothing)
 /// @param touching  set to true when a pair of segments has an end in common, also where nothing is
 ///                  combined; never set to false: the caller presets it
-/// @return the number of segments of `first` that are crossed; 0 when nothing was combined
+/// @return the number of segments of `first` that are crossed; 0 when nothing was combined, and
+///         also when the removal leaves a single vertex of the ring, which then stands in `result`
 /// @note O(segments of first times segments of second). The fourth argument has no effect.
 ZRBASE_EXPORT int combineBoundaries(const VertexLine& first, const VertexLine& second,
                                     VertexLine& result, double ignored, double tolerance,

@@ -46,7 +46,8 @@ bool insertSelfCrossings(VertexLine& polygon, double tolerance) {
   const std::size_t size = polygon.size();
   gdfVertex hit;
   for (std::size_t i = 0; i + 3 < size;) {
-    // The first side and the last share a vertex in a closed ring.
+    // Kept on purpose (KeptFirstSideIsNeverComparedWithTheLast): they share a vertex in a closed
+    // ring; nobody looks whether it is one.
     const std::size_t end = i == 0 ? size - 2 : size - 1;
     const std::size_t j = firstCrossedSide(polygon, i, end, hit);
     // Kept on purpose (KeptTouchEndsTheSearchOfASide): the first hit ends it, though it gives no

@@ -23,6 +23,8 @@ namespace zr2DTools {
 ///        | /     \ |         0 0, 5 5, 10 10, 10 0, 0 10, 0 0
 ///     (0, 0)     (10, 0)
 ///
+/// The first side is never compared with the last: they share a vertex in a closed ring, and in an
+/// open one a crossing of the two goes unseen.
 /// A side that meets a later one at an end of either looks no further. How far the search reaches
 /// is settled by the number of vertices after the removal, n: sides that insertions push beyond it
 /// are not looked at. Last, a last vertex that equals the first within the tolerance (strict, in x,
@@ -41,7 +43,9 @@ ZRBASE_EXPORT bool conditionPolygon(VertexLine& polygon, double tolerance);
 /// next sides of `first` meet its parts; those of `first` are cut at the end. Several crossings on
 /// one side of `first` stand in the order in which the sides of `second` run, wherever they lie
 /// along the side.
-/// @param tolerance  also that of the crossings (getSegmentSegmentIntersect)
+/// @param tolerance  also that of the crossings (getSegmentSegmentIntersect). At 0 or below the
+///         vertices of an earlier call count as new crossings and go in again, so that repeated
+///         calls grow the polygons without end.
 /// @return whether either polygon gained a vertex; false with no change when either has fewer than
 ///         two
 /// @note O(vertices of first times those of second at the end)

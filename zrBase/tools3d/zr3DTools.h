@@ -17,16 +17,24 @@
 /// | planeIntersection.h  | planes cut with segments, lines and polygons                          |
 /// | planePlaneIntersection.h | planes cut with planes                                            |
 /// | planeTriangleIntersection.h | planes cut with triangles                                      |
+/// | planeFit.h           | planes fitted to clouds of points, average normals                    |
+/// | orthogonalPlaneTests.h | whether points lie in a plane square to a coordinate plane          |
 /// | reversedSegments.h   | report of a segment that runs against its line                        |
+/// | segmentCleaning.h    | repeated vertices and segments removed, segments in order             |
+/// | lineFusion.h         | segments and lines joined end to end                                  |
 
 #include <zrBase/tools3d/endSpecifier.h>
+#include <zrBase/tools3d/lineFusion.h>
 #include <zrBase/tools3d/lineMeasures3D.h>
 #include <zrBase/tools3d/linePosition.h>
 #include <zrBase/tools3d/lineSampling.h>
+#include <zrBase/tools3d/orthogonalPlaneTests.h>
+#include <zrBase/tools3d/planeFit.h>
 #include <zrBase/tools3d/planeIntersection.h>
 #include <zrBase/tools3d/planePlaneIntersection.h>
 #include <zrBase/tools3d/planeTriangleIntersection.h>
 #include <zrBase/tools3d/reversedSegments.h>
+#include <zrBase/tools3d/segmentCleaning.h>
 #include <zrBase/tools3d/triangleMeasures.h>
 #include <zrBase/tools3d/vertexDistances.h>
 

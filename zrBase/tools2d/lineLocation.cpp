@@ -1,5 +1,7 @@
 #include <zrBase/tools2d/lineLocation.h>
 
+#include <zrBase/tools2d/internal/lineLineScan.h>
+#include <zrBase/tools2d/internal/sideFilter.h>
 #include <zrBase/tools2d/lineMeasures.h>
 #include <zrBase/tools2d/segmentIntersection.h>
 #include <zrBase/tools2d/sideTests.h>
@@ -188,7 +190,15 @@ int getNumberIntersections(const VertexLine& line, const gdfVertex& a, const gdf
   gdfVertex hit;
   bool isFirst = true;
   int count = 0;
+  // Most segments of a ring lie beyond a-b, or on one side of it: they cost no division.
+  const internal::SegmentBox box(a, b);
+  const internal::SideFilter filter(a, b, tolerance);
+  int startBeyond = box.sidesBeyond(line.front());
   for (std::size_t i = 0; i <= last; ++i) {
+    const int endBeyond = box.sidesBeyond(line[i + 1]);
+    const bool isApart = (startBeyond & endBeyond) != 0;
+    startBeyond = endBeyond;
+    if (isApart || filter.isApartFrom(line[i], line[i + 1])) continue;
     if (!getSegmentSegmentIntersect(a, b, line[i], line[i + 1], hit, tolerance)) continue;
     if (closed && i == last) {
       if (differs(hit, previous, tolerance) && differs(hit, firstHit, tolerance)) ++count;

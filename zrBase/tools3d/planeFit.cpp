@@ -1,6 +1,7 @@
 #include <zrBase/tools3d/planeFit.h>
 
 #include <zrBase/geometry/gdfTriMatrix.h>
+#include <zrBase/numerics/internal/symmetricEigenSteps.h>
 #include <zrBase/numerics/mgcEigenD.h>
 #include <zrBase/tools3d/orthogonalPlaneTests.h>
 
@@ -36,20 +37,6 @@ gdfVertex sumOf(const Cloud& cloud) {
 
 /// Sums over a cloud of its offsets from a centre, two by two.
 struct Scatter {
-  template <class Cloud>
-  Scatter(const Cloud& cloud, const gdfVertex& centre) {
-    for (std::size_t i = 0; i < cloud.size(); ++i) {
-      const gdfVertex d = cloud[i] - centre;
-      xx += d.x() * d.x();
-      xy += d.x() * d.y();
-      xz += d.x() * d.z();
-      yy += d.y() * d.y();
-      yz += d.y() * d.z();
-      zz += d.z() * d.z();
-      z += d.z();
-    }
-  }
-
   double xx = 0.0;
   double xy = 0.0;
   double xz = 0.0;
@@ -60,20 +47,31 @@ struct Scatter {
   double z = 0.0;
 };
 
-/// Direction of least scatter.
+template <class Cloud>
+Scatter scatterOf(const Cloud& cloud, const gdfVertex& centre) {
+  Scatter sums;  // in registers while the points go by
+  for (std::size_t i = 0; i < cloud.size(); ++i) {
+    const gdfVertex d = cloud[i] - centre;
+    sums.xx += d.x() * d.x();
+    sums.xy += d.x() * d.y();
+    sums.xz += d.x() * d.z();
+    sums.yy += d.y() * d.y();
+    sums.yz += d.y() * d.z();
+    sums.zz += d.z() * d.z();
+    sums.z += d.z();
+  }
+  return sums;
+}
+
+/// Direction of least scatter. The steps are those of an mgcEigenD of size 3, without its storage;
+/// a scatter that does not converge is told in its word too.
 gdfVertex eigenNormal(const Scatter& s) {
-  mgcEigenD solver(3);
-  solver.Matrix(0, 0) = s.xx;
-  solver.Matrix(0, 1) = s.xy;
-  solver.Matrix(0, 2) = s.xz;
-  solver.Matrix(1, 0) = s.xy;
-  solver.Matrix(1, 1) = s.yy;
-  solver.Matrix(1, 2) = s.yz;
-  solver.Matrix(2, 0) = s.xz;
-  solver.Matrix(2, 1) = s.yz;
-  solver.Matrix(2, 2) = s.zz;
-  solver.DecrSortEigenStuff3();
-  return gdfVertex(solver.Matrix(0, 2), solver.Matrix(1, 2), solver.Matrix(2, 2));
+  double vectors[3][3] = {{s.xx, s.xy, s.xz}, {s.xy, s.yy, s.yz}, {s.xz, s.yz, s.zz}};
+  double values[3];
+  if (!mgcInternal::decreasingSolutionOfThree(vectors, values)) {
+    mgcEigenD::error |= mgcEigenD::ql_exceeded;
+  }
+  return gdfVertex(vectors[0][2], vectors[1][2], vectors[2][2]);
 }
 
 /// The axis of a cloud that is flat in a coordinate, for the fits without a flag.
@@ -111,7 +109,7 @@ void fitCloud(const VertexLine& points, const Cloud& cloud, gdfVertex& centre, g
   gdfVertex fitted;
   // Kept on purpose (KeptIndexedFitTestsTheWholeListForFlatness): all points, also those that no
   // index picks. One flat list then gives one normal for all its parts.
-  if (!flatCloudNormal(points, fitted)) fitted = eigenNormal(Scatter(cloud, mean));
+  if (!flatCloudNormal(points, fitted)) fitted = eigenNormal(scatterOf(cloud, mean));
   // Last, as the outputs may be points of the cloud.
   centre = mean;
   normal = fitted;
@@ -219,7 +217,7 @@ double lsOrthogonalPlaneFit(const VertexLine& points, const bool& orthogonal, gd
   // On a copy: the normal may be one of the points, as the centre may.
   gdfVertex fitted = normal;
   if (!normalWithoutFit(points, fitted)) {
-    const Scatter scatter(points, mean);
+    const Scatter scatter = scatterOf(points, mean);
     fitted = orthogonal ? eigenNormal(scatter) : linearNormal(scatter, sum);
   }
   centre = mean;

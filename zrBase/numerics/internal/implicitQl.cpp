@@ -113,4 +113,13 @@ void increasingSort(int n, double* eigval, double** eigvec) {
   selectionSort(n, eigval, eigvec, [](double a, double b) { return a < b; });
 }
 
+bool decreasingSolutionOfThree(double (&mat)[3][3], double (&eigval)[3]) {
+  double subd[3];
+  double* rows[3] = {mat[0], mat[1], mat[2]};
+  tridiagonal3(rows, eigval, subd);
+  const bool converged = qlAlgorithm(3, eigval, subd, rows);
+  decreasingSort(3, eigval, rows);
+  return converged;
+}
+
 }  // namespace mgcInternal

@@ -28,6 +28,11 @@ void decreasingSort(int n, double* eigval, double** eigvec);
 /// Selection sort of the eigenvalues, smallest first, with the columns of eigvec.
 void increasingSort(int n, double* eigval, double** eigvec);
 
+/// What mgcEigen::DecrSortEigenStuff3 does, on storage of the caller's, for whoever solves often:
+/// the upper triangle in; eigenvectors as columns and eigenvalues out, largest first.
+/// @return false for what raises ql_exceeded there
+bool decreasingSolutionOfThree(double (&mat)[3][3], double (&eigval)[3]);
+
 }  // namespace mgcInternal
 
 #endif  // ZRBASE_NUMERICS_INTERNAL_SYMMETRICEIGENSTEPS_H

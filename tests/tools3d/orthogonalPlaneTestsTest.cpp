@@ -137,19 +137,21 @@ TEST(PointsPlaneOrthogonal, HasNoDirectionWithinTheExactnessLimit) {
   EXPECT_EQ(ofXY(line("0 0 0, 5e-06 0 1, 3 0 2"), 5e-06), refused);
 }
 
-TEST(PointsPlaneOrthogonal, NaNCountsAsDistantAndAsNear) {
-  // Distant: the direction is NaN, and nothing is farther than the tolerance from such a line.
+TEST(PointsPlaneOrthogonal, NaNIsNeitherDistantNorFar) {
+  // Not distant: the direction is that of the next point.
+  EXPECT_EQ(ofXY(line("0 0, nan 0, 0 4"), 0.01), Answer(true, {1, 0, 0}));
+  EXPECT_FALSE(ofXY(line("0 0, nan 0, 0 0"), 0.01).first);
+  // By its other coordinate it is; the direction is NaN, and nothing is farther than the tolerance
+  // from such a line.
   const Answer answer = ofXY(line("0 0, nan 1, 5 5"), 0.01);
   EXPECT_TRUE(answer.first);
   EXPECT_TRUE(std::isnan(answer.second.x()));
-  EXPECT_TRUE(std::isnan(answer.second.y()));
-  EXPECT_EQ(answer.second.z(), 0.0);
-  // Near: the line is known already.
+  // Not far: the line is known already.
   EXPECT_EQ(ofXY(line("0 0, 0 4, nan 1, 0 9"), 0.01), Answer(true, {1, 0, 0}));
   // In the dropped coordinate it is not looked at.
   EXPECT_EQ(ofXY(line("0 0 nan, 0 4 nan, 0 9 1"), 0.01), Answer(true, {1, 0, 0}));
-  // With a NaN for the tolerance every point is distant and near.
-  EXPECT_EQ(ofXY(line("0 0, 0 4, 7 7"), std::nan("")), Answer(true, {1, 0, 0}));
+  // With a NaN for the tolerance no point is distant.
+  EXPECT_FALSE(ofXY(line("0 0, 0 4, 7 7"), std::nan("")).first);
 }
 
 TEST(PointsPlaneOrthogonal, NormalMayBeOneOfThePointsAndHoldTheTolerance) {

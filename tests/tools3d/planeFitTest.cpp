@@ -249,6 +249,8 @@ TEST(LsOrthogonalPlaneFitWithFlag, KeptNaNDoesNotBreakConstancy) {
   const VertexLine points = line("0 0 0, 1 1 nan, 2 5 0");
   EXPECT_THAT(fitWithFlag(points, true).normal, VertexIs("0 0 1"));
   EXPECT_TRUE(std::isnan(fitWithFlag(points, true).centre.z()));
+  EXPECT_THAT(fitWithFlag(line("0 0 0, nan 1 4, 0 5 9"), true).normal, VertexIs("1 0 0"));
+  EXPECT_THAT(fitWithFlag(line("0 0 0, 1 nan 4, 5 0 9"), true).normal, VertexIs("0 1 0"));
   // Not flat, and solved for.
   EXPECT_FALSE(fitPlain(points).normal.valid());
 }
@@ -321,6 +323,28 @@ TEST(LsOrthogonalPlaneFitWithFlag, KeptLinearFitThatOverflowsIsVertical) {
   VertexLine points = slopingSquare();
   for (gdfVertex& point : points) point *= 1e100;
   EXPECT_THAT(fitWithFlag(points, false).normal, VertexIs("0 0 1"));
+}
+
+TEST(LsOrthogonalPlaneFitWithFlag, KeptTinyInverseOfALinearFitIsVertical) {
+  // Sums of about 1e28 in every place but the last: no element of the inverse reaches 1e-26, though
+  // it is an inverse as good as any.
+  VertexLine points;
+  for (const double east : {-1e14, 1e14}) {
+    for (const double north : {-1e14, 1e14}) {
+      points.emplace_back(1e28 + east, 1e28 + north, 2.0 * east + 3.0 * north);
+    }
+  }
+  EXPECT_THAT(fitWithFlag(points, false).normal, VertexIs("0 0 1"));
+}
+
+TEST(LsOrthogonalPlaneFit, KeptNormalMayPointDown) {
+  // Scatter sums Sxx = 18, Syy = Szz = 10, Syz = 6, no others: the smallest value is 4, and the
+  // rotation of the solver turns (0, 1, -1) downwards, as it turns the vectors of (2 1, 1 2).
+  const VertexLine points = line("3 0 0, -3 0 0, 0 2 2, 0 -2 -2, 0 1 -1, 0 -1 1");
+  EXPECT_THAT(fitPlain(points).normal,
+              VertexNear("0 0.7071067811865476 -0.7071067811865476", 1e-15));
+  EXPECT_THAT(fitWithFlag(points, true).normal,
+              VertexNear("0 0.7071067811865476 -0.7071067811865476", 1e-15));
 }
 
 TEST(LsOrthogonalPlaneFitWithFlag, GivesTheVerticalForALinearFitWithoutSlope) {

@@ -1,10 +1,18 @@
 #include <zrBase/tools3d/orthogonalPlaneTests.h>
 
+#include <cmath>
 #include <cstddef>
 
 namespace zr3DTools {
 
 namespace {
+
+/// Whether a point is off the origin by the tolerance or more in a coordinate of the view.
+bool isDistant(const gdfVertex& point, const gdfVertex& origin, double tolerance) {
+  const gdfVertex d = point - origin;
+  return std::fabs(d.x()) >= tolerance || std::fabs(d.y()) >= tolerance ||
+         std::fabs(d.z()) >= tolerance;
+}
 
 /// Looks for the line that the points form in a view. `project` sets the coordinate that the view
 /// drops to 0.
@@ -13,10 +21,12 @@ template <class Project>
 bool lineInView(const VertexLine& points, double tolerance, Project project, gdfVertex& direction) {
   const gdfVertex origin = project(points[0]);
   std::size_t distant = 1;
-  // Kept on purpose (KeptZeroToleranceTakesTheNextPoint): equal() is open, and the dropped 0 takes
-  // part in it, so that with a tolerance of 0 even a point over the origin counts as distant. It
-  // has no direction then; callers get a normal of zeros, not a false.
-  while (distant < points.size() && project(points[distant]).equal(origin, tolerance)) ++distant;
+  // Kept on purpose (KeptZeroToleranceTakesTheNextPoint): the dropped 0 takes part, so that with a
+  // tolerance of 0 even a point over the origin counts as distant. It has no direction then;
+  // callers get a normal of zeros, not a false. A difference that is NaN is no distance.
+  while (distant < points.size() && !isDistant(project(points[distant]), origin, tolerance)) {
+    ++distant;
+  }
   // Kept on purpose (KeptPointsOverOnePlaceAreRefused): every plane through a single place would
   // do, but none is told. Fits go on to another view.
   if (distant == points.size()) return false;

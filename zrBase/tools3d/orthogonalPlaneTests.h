@@ -27,7 +27,7 @@ namespace zr3DTools {
 ///
 /// A step of a length up to GDF_EXACTNESS_LIMIT has no direction: where the tolerance lets it
 /// count, u is zero, distances are taken from the origin, and the normal of a true is (0, 0, 0). A
-/// coordinate that is NaN counts as off the origin, and as near the line.
+/// coordinate that is NaN is neither off the origin nor far from the line.
 ///
 /// @param tolerance  in model units
 /// @param normal  unit normal of the plane; untouched after a false and for fewer than three points

@@ -71,6 +71,8 @@ gdfVertex eigenNormal(const Scatter& s) {
   if (!mgcInternal::decreasingSolutionOfThree(vectors, values)) {
     mgcEigenD::error |= mgcEigenD::ql_exceeded;
   }
+  // Kept on purpose (KeptNormalMayPointDown): the sense is the solver's, none is imposed. Callers
+  // turn the normals they compare.
   return gdfVertex(vectors[0][2], vectors[1][2], vectors[2][2]);
 }
 
@@ -183,6 +185,9 @@ gdfVertex linearNormal(const Scatter& s, const gdfVertex& sum) {
   // and no attempt at a solution of least length.
   if (gdfEqualZero(matrix.determinant(), 1e-8)) return vertical;
   const gdfTriMatrix inverse = matrix.invert();
+  // Kept on purpose (KeptTinyInverseOfALinearFitIsVertical): the limit is absolute, and the sums
+  // grow with the coordinates.
+  //
   // Kept on purpose (KeptLinearFitThatOverflowsIsVertical): an inverse of NaNs has no element above
   // the limit either, so that sums beyond the range of a double end here.
   if (!anyElementAbove(inverse, 1e-26)) return vertical;

@@ -27,7 +27,7 @@ namespace zr3DTools {
 /// @param centre  mean of the points; an empty list leaves both outputs untouched
 /// @param normal  unit normal of the plane
 /// @return always 0.0: it says nothing about the fit
-/// @note O(n), one solver of size 3 on the heap unless the cloud is flat.
+/// @note O(n), without allocation.
 ZRBASE_EXPORT double lsOrthogonalPlaneFit(const VertexLine& points, gdfVertex& centre,
                                           gdfVertex& normal);
 

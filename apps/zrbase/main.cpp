@@ -8,6 +8,10 @@
 #include "common/command.h"
 #include "common/textFormat.h"
 #include "flowpath/flowpathCommand.h"
+#include "fuse/fuseCommand.h"
+#include "plane/planeCommand.h"
+#include "polygons/polygonsCommand.h"
+#include "split/splitCommand.h"
 
 namespace {
 
@@ -25,7 +29,9 @@ int run(int argumentCount, char** arguments) {
       "zrbase");
   application.set_version_flag("--version", "zrbase " ZRBASE_VERSION);
   application.require_subcommand(0, 1);
-  const std::vector<Command> commands = {addFlowpathCommand(application)};
+  const std::vector<Command> commands = {
+      addFlowpathCommand(application), addPlaneCommand(application), addSplitCommand(application),
+      addFuseCommand(application), addPolygonsCommand(application)};
   std::string name = "zrbase";
   try {
     application.parse(argumentCount, arguments);

@@ -23,6 +23,21 @@ std::string quoted(const std::string& text) {
   return result + "'";
 }
 
+std::vector<std::vector<double>> verticesOf(const OGRLineString& line) {
+  std::vector<std::vector<double>> vertices;
+  for (const OGRPoint& point : line) {
+    vertices.push_back({point.getX(), point.getY()});
+  }
+  return vertices;
+}
+
+void readPolygon(const OGRPolygon& polygon, ReadFeature& result) {
+  result.vertices = verticesOf(*polygon.getExteriorRing());
+  for (int i = 0; i < polygon.getNumInteriorRings(); ++i) {
+    result.holes.push_back(verticesOf(*polygon.getInteriorRing(i)));
+  }
+}
+
 ReadFeature readFeature(const OGRFeature& feature) {
   ReadFeature result;
   for (int i = 0; i < feature.GetFieldCount(); ++i) {
@@ -33,10 +48,10 @@ ReadFeature readFeature(const OGRFeature& feature) {
   const OGRGeometry* const geometry = feature.GetGeometryRef();
   if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPoint) {
     result.vertices.push_back({geometry->toPoint()->getX(), geometry->toPoint()->getY()});
+  } else if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
+    readPolygon(*geometry->toPolygon(), result);
   } else if (geometry != nullptr) {
-    for (const OGRPoint& point : *geometry->toLineString()) {
-      result.vertices.push_back({point.getX(), point.getY()});
-    }
+    result.vertices = verticesOf(*geometry->toLineString());
   }
   return result;
 }
@@ -62,6 +77,16 @@ CommandResult runZrbase(const std::vector<std::string>& arguments, const std::st
   result.out = readFile(folder.path("out"));
   result.err = readFile(folder.path("err"));
   return result;
+}
+
+std::string refusalOf(const std::vector<std::string>& arguments, const TestFolder& outputs) {
+  const CommandResult result = runZrbase(arguments);
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(result.out, "");
+  EXPECT_EQ(result.err.rfind("zrbase " + arguments.front() + ": ", 0), 0U) << result.err;
+  EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+  EXPECT_TRUE(outputs.names().empty());
+  return result.err;
 }
 
 TestFolder::TestFolder() {

@@ -40,10 +40,16 @@ std::string metricLines(const std::vector<std::string>& lines);
 
 std::string readFile(const std::string& path);
 
+/// Runs a job that has to fail, and holds every promise about a failure but the reason: status 2,
+/// nothing on the standard output, one line of error after the job's name, nothing left in
+/// `outputs`. @return the line of error
+std::string refusalOf(const std::vector<std::string>& arguments, const TestFolder& outputs);
+
 /// A feature as GDAL reads it back.
 struct ReadFeature {
-  std::map<std::string, std::string> fields;  ///< those that are set
-  std::vector<std::vector<double>> vertices;  ///< x, y
+  std::map<std::string, std::string> fields;            ///< those that are set
+  std::vector<std::vector<double>> vertices;            ///< x, y; of a polygon its outer ring
+  std::vector<std::vector<std::vector<double>>> holes;  ///< of a polygon
 
   double number(const std::string& field) const;
 };

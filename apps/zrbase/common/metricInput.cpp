@@ -35,12 +35,16 @@ Extent extentOf(const std::vector<InputLine>& lines, bool geographic) {
   return geographic && narrower ? eastward : plain;
 }
 
-MetricLines readMetricLines(const InputOptions& options) {
+namespace {
+
+MetricLines readMetric(const InputOptions& options, bool rings) {
   BadFeatures bad(options.file, options.skipBad);
   const LineSelection selection = {options.layer,
                                    optionValues::featureIds("--where", options.where)};
-  LineFile file = readLines(options.file, selection, bad);
+  LineFile file =
+      rings ? readRings(options.file, selection, bad) : readLines(options.file, selection, bad);
   MetricLines input;
+  input.polygonsToo = rings;
   input.stated = file.system;
   input.otherFeatures = file.otherFeatures;
   input.repeatedVertices = file.repeatedVertices;
@@ -62,14 +66,39 @@ MetricLines readMetricLines(const InputOptions& options) {
   return input;
 }
 
+// What goes with a file that states no system cannot have one.
+void refuseSystemWithoutAnother(const std::string& file, const SpatialReference& system,
+                                const std::string& what, const SpatialReference& model,
+                                const std::string& mainFile) {
+  if (system && !model) {
+    throw CommandError(file + ": its " + what + " are in " + systemCode(system) + ", but " +
+                       mainFile + " states no system: give --crs");
+  }
+}
+
+}  // namespace
+
+MetricLines readMetricLines(const InputOptions& options) { return readMetric(options, false); }
+
+MetricLines readMetricRings(const InputOptions& options) { return readMetric(options, true); }
+
+CompanionLines readRingsInto(const InputOptions& options, const SpatialReference& model,
+                             const std::string& mainFile) {
+  BadFeatures bad(options.file, options.skipBad);
+  LineFile read = readRings(options.file, {options.layer, {}}, bad);
+  refuseSystemWithoutAnother(options.file, read.system, "lines", model, mainFile);
+  projectLines(read.lines, Projection(read.system, model), bad);
+  if (read.lines.empty()) {
+    throw CommandError(options.file + ": no usable polygon or line");
+  }
+  return {std::move(read.lines), bad.leftOut()};
+}
+
 MetricPoints readPointsInto(const std::string& file, bool skipBad, const SpatialReference& model,
                             const std::string& mainFile) {
   BadFeatures bad(file, skipBad);
   PointFile read = readPoints(file, bad);
-  if (read.system && !model) {
-    throw CommandError(file + ": its points are in " + systemCode(read.system) + ", but " +
-                       mainFile + " states no system: give --crs");
-  }
+  refuseSystemWithoutAnother(file, read.system, "points", model, mainFile);
   projectPoints(read.points, Projection(read.system, model), bad);
   if (read.points.empty()) {
     throw CommandError(file + ": no usable point");
@@ -90,8 +119,12 @@ void writeInputNotes(std::ostream& out, const MetricLines& input) {
         textFormat::counted(input.repeatedVertices, "repeated vertex", "repeated vertices"));
   }
   if (input.otherFeatures > 0) {
-    summaryText::writeLine(out, "ignored",
-                           textFormat::counted(input.otherFeatures, "feature that is no line",
-                                               "features that are no lines"));
+    const std::string ignored =
+        input.polygonsToo ? textFormat::counted(input.otherFeatures, "feature that is neither",
+                                                "features that are neither") +
+                                " polygon nor line"
+                          : textFormat::counted(input.otherFeatures, "feature that is no line",
+                                                "features that are no lines");
+    summaryText::writeLine(out, "ignored", ignored);
   }
 }

@@ -17,12 +17,13 @@ struct InputOptions {
   bool skipBad = false;       ///< leave bad features out
 };
 
-/// Lines in the metric system of the work, and what there is to tell about reading them.
+/// Lines, or rings, in the metric system of the work, and what there is to tell about reading them.
 struct MetricLines {
   std::vector<InputLine> lines;
   SpatialReference stated;
   SpatialReference model;
   double degreesWide = 0.0;  ///< longitudes that were put into one zone
+  bool polygonsToo = false;  ///< rings of polygons were read as well
   std::size_t otherFeatures = 0;
   std::size_t repeatedVertices = 0;
   std::vector<std::string> leftOut;
@@ -31,6 +32,21 @@ struct MetricLines {
 /// Reads lines and brings them into a metric system, see chooseModelSystem.
 /// @throws CommandError if the file or a feature cannot be used, or no line is left
 MetricLines readMetricLines(const InputOptions& options);
+
+/// The same with the rings of polygons beside the lines, see readRings.
+MetricLines readMetricRings(const InputOptions& options);
+
+/// Lines or rings of a file that goes with others, in the system of the work.
+struct CompanionLines {
+  std::vector<InputLine> lines;
+  std::vector<std::string> leftOut;
+};
+
+/// Reads lines, and rings of polygons, into the system of the work; those of a file that states no
+/// system are in it already.
+/// @param mainFile  the file that the system comes from, for the message
+CompanionLines readRingsInto(const InputOptions& options, const SpatialReference& model,
+                             const std::string& mainFile);
 
 /// The points of a file that goes with others, and the features that were left out.
 struct MetricPoints {

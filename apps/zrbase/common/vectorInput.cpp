@@ -10,25 +10,11 @@
 #include <utility>
 
 #include "common/commandError.h"
+#include "common/geometryParts.h"
 #include "common/textFormat.h"
 #include "common/vectorSource.h"
 
 namespace {
-
-bool isOfKind(const OGRGeometry& geometry, OGRwkbGeometryType kind) {
-  return OGR_GT_IsSubClassOf(wkbFlatten(geometry.getGeometryType()), kind) == TRUE;
-}
-
-template <typename Visit>
-void forEachSimplePart(const OGRGeometry& geometry, const Visit& visit) {
-  if (!isOfKind(geometry, wkbGeometryCollection)) {
-    visit(geometry);
-    return;
-  }
-  for (const OGRGeometry* const part : *geometry.toGeometryCollection()) {
-    forEachSimplePart(*part, visit);
-  }
-}
 
 bool holdsLine(const OGRGeometry& geometry) {
   bool found = isOfKind(geometry, wkbMultiCurve);
@@ -42,17 +28,11 @@ bool holdsPoint(const OGRGeometry& geometry) {
   return found;
 }
 
-VertexLine verticesOf(const OGRGeometry& curve) {
-  const std::unique_ptr<OGRGeometry> chords(curve.getLinearGeometry());
-  VertexLine vertices;
-  for (const OGRPoint& point : *chords->toLineString()) {
-    vertices.emplace_back(point.getX(), point.getY(), point.Is3D() ? point.getZ() : 0.0);
-  }
-  return vertices;
-}
-
-bool isFinite(const gdfVertex& v) {
-  return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
+bool holdsRing(const OGRGeometry& geometry) {
+  bool found = isOfKind(geometry, wkbMultiSurface) || holdsLine(geometry);
+  forEachSimplePart(geometry,
+                    [&](const OGRGeometry& part) { found |= isOfKind(part, wkbCurvePolygon); });
+  return found;
 }
 
 std::string reasonAgainst(const VertexLine& vertices) {
@@ -67,29 +47,6 @@ std::string reasonAgainst(const VertexLine& vertices) {
   return "";
 }
 
-std::size_t dropRepeated(VertexLine& vertices) {
-  const std::size_t before = vertices.size();
-  vertices.erase(std::unique(vertices.begin(), vertices.end()), vertices.end());
-  return before - vertices.size();
-}
-
-// The coordinate in a column, 0 for a column that the table does not have or that the row leaves
-// blank as z. Returns the reason if it is none.
-std::string readCoordinate(const OGRFeature& row, int column, bool mayBeBlank, double& value) {
-  const std::string text = column < 0 ? "" : row.GetFieldAsString(column);
-  if (text.empty() && mayBeBlank) {
-    return "";
-  }
-  const std::optional<double> number = textFormat::number(text);
-  const char* const name = row.GetFieldDefnRef(column)->GetNameRef();
-  if (!number) {
-    return std::string(name) + " '" + textFormat::oneLine(text) + "' is not a number";
-  }
-  value = *number;
-  return std::isfinite(value) ? ""
-                              : std::string(name) + " is not finite (NaN or infinite coordinate)";
-}
-
 // The place that a row of a table tells; returns the reason if it tells none.
 std::string readRow(const OGRFeature& row, const CoordinateColumns& columns, gdfVertex& place) {
   place = gdfVertex();
@@ -98,10 +55,31 @@ std::string readRow(const OGRFeature& row, const CoordinateColumns& columns, gdf
   return reason.empty() ? readCoordinate(row, columns.z, true, place.z()) : reason;
 }
 
+// Closes the ring exactly and takes repeated vertices out; returns the reason if it is none.
+std::string reasonAgainstRing(VertexLine& vertices, std::size_t& repeated) {
+  constexpr std::size_t kFewest = 4;  // a triangle, closed
+  if (vertices.empty()) {
+    return "a ring without vertices";
+  }
+  std::string reason = vertices.size() < 2 ? "" : reasonAgainst(vertices);
+  if (!reason.empty()) {
+    return reason;
+  }
+  if (vertices.front() != vertices.back()) {
+    vertices.push_back(vertices.front());
+  }
+  repeated += dropRepeated(vertices);
+  return vertices.size() < kFewest ? "a ring of fewer than three corners" : "";
+}
+
 class LineReader {
  public:
-  LineReader(VectorSource& source, const LineSelection& selection, BadFeatures& bad)
-      : source_(source), wanted_(selection.fids.begin(), selection.fids.end()), bad_(bad) {}
+  // With `rings` those of polygons too.
+  LineReader(VectorSource& source, const LineSelection& selection, bool rings, BadFeatures& bad)
+      : source_(source),
+        wanted_(selection.fids.begin(), selection.fids.end()),
+        rings_(rings),
+        bad_(bad) {}
 
   LineFile read(OGRLayer& layer) {
     file_.system = VectorSource::systemOf(layer);
@@ -143,35 +121,72 @@ class LineReader {
     const OGRGeometry* const geometry = feature.GetGeometryRef();
     if (geometry == nullptr) {
       bad_.report(where, missingGeometryReason(feature, source_.reason("")));
-    } else if (holdsLine(*geometry)) {
+    } else if (rings_ ? holdsRing(*geometry) : holdsLine(*geometry)) {
       readParts(feature, *geometry, where);
     } else if (selecting_) {
-      bad_.report(where, "not a line but a " + std::string(geometry->getGeometryName()));
+      bad_.report(where, (rings_ ? "neither a polygon nor a line but a " : "not a line but a ") +
+                             std::string(geometry->getGeometryName()));
     } else {
       ++file_.otherFeatures;
     }
   }
 
   void readParts(const OGRFeature& feature, const OGRGeometry& geometry, const std::string& where) {
-    std::vector<InputLine> parts;
+    std::vector<std::vector<InputLine>> parts;  // each a line, or the rings of a polygon
     forEachSimplePart(geometry, [&](const OGRGeometry& part) {
       if (isOfKind(part, wkbCurve)) {
-        InputLine line;
-        line.fid = feature.GetFID();
-        line.part = static_cast<int>(parts.size());
-        line.name = featureName(feature);
-        line.vertices = verticesOf(part);
-        parts.push_back(std::move(line));
+        parts.push_back({InputLine()});
+        parts.back().front().vertices = verticesOf(part);
+      } else if (rings_ && isOfKind(part, wkbCurvePolygon)) {
+        parts.push_back(ringsOf(part));
       }
     });
     if (parts.empty()) {
       bad_.report(where, "a multi-line without parts");
     }
-    for (InputLine& line : parts) {
-      line.partCount = static_cast<int>(parts.size());
-      const std::string partText = parts.size() > 1 ? ", part " + std::to_string(line.part) : "";
-      keep(std::move(line), where + partText);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+      for (InputLine& line : parts[i]) {
+        line.fid = feature.GetFID();
+        line.part = static_cast<int>(i);
+        line.partCount = static_cast<int>(parts.size());
+        line.name = featureName(feature);
+      }
+      keepPart(std::move(parts[i]),
+               where + (parts.size() > 1 ? ", part " + std::to_string(i) : ""));
     }
+  }
+
+  static std::vector<InputLine> ringsOf(const OGRGeometry& polygon) {
+    std::vector<InputLine> rings;
+    for (VertexLine& vertices : ringVerticesOf(polygon)) {
+      InputLine ring;
+      ring.ring = static_cast<int>(rings.size());
+      ring.vertices = std::move(vertices);
+      rings.push_back(std::move(ring));
+    }
+    return rings;
+  }
+
+  // A line, or a polygon with all its rings or not at all.
+  void keepPart(std::vector<InputLine> part, const std::string& where) {
+    if (part.size() == 1 && !part.front().isRing()) {
+      keep(std::move(part.front()), where);
+      return;
+    }
+    if (part.empty()) {
+      bad_.report(where, "a polygon without rings");
+    }
+    std::size_t repeated = 0;
+    for (InputLine& ring : part) {
+      const std::string reason = reasonAgainstRing(ring.vertices, repeated);
+      if (!reason.empty()) {
+        const bool hole = ring.ring > 0;
+        bad_.report(where + (hole ? ", ring " + std::to_string(ring.ring) : ""), reason);
+        return;
+      }
+    }
+    file_.repeatedVertices += repeated;
+    std::move(part.begin(), part.end(), std::back_inserter(file_.lines));
   }
 
   void keep(InputLine line, const std::string& where) {
@@ -191,6 +206,7 @@ class LineReader {
   VectorSource& source_;
   std::set<long long> wanted_;
   const bool selecting_ = !wanted_.empty();
+  const bool rings_;
   BadFeatures& bad_;
   LineFile file_;
 };
@@ -228,10 +244,38 @@ void readPointRow(const OGRFeature& row, const CoordinateColumns& columns, BadFe
   file.points.push_back({row.GetFID(), featureName(row), place});
 }
 
+LineFile readLinesOrRings(const std::string& file, const LineSelection& selection, bool rings,
+                          BadFeatures& bad) {
+  const std::string wanted = rings ? "polygons or lines" : "lines";
+  VectorSource source(file);
+  OGRLayer* const layer = selection.layer.empty()
+                              ? source.firstLayerWith(rings ? holdsRing : holdsLine)
+                              : &source.layerNamed(selection.layer);
+  if (layer == nullptr) {
+    throw CommandError(file + ": no layer with " + wanted);
+  }
+  LineReader reader(source, selection, rings, bad);
+  LineFile result = reader.read(*layer);
+  if (!reader.missing().empty()) {
+    throw CommandError(file + ": no feature " + std::to_string(*reader.missing().begin()) +
+                       " in layer '" + layer->GetName() + "'");
+  }
+  if (result.lines.empty()) {
+    const std::size_t left = bad.leftOut().size();
+    const std::string one = rings ? "polygon or line" : "line";
+    throw CommandError(
+        file + ": " +
+        (left > 0 ? "no usable " + one + ", " + std::to_string(left) + " left out"
+                  : "no " + wanted + " in layer '" + std::string(layer->GetName()) + "'"));
+  }
+  return result;
+}
+
 }  // namespace
 
 std::string InputLine::label() const {
-  return std::to_string(fid) + (partCount > 1 ? "." + std::to_string(part) : "");
+  return std::to_string(fid) + (partCount > 1 ? "." + std::to_string(part) : "") +
+         (ring > 0 ? " ring " + std::to_string(ring) : "");
 }
 
 BadFeatures::BadFeatures(std::string file, bool skip) : file_(std::move(file)), skip_(skip) {}
@@ -244,25 +288,11 @@ void BadFeatures::report(const std::string& where, const std::string& reason) {
 }
 
 LineFile readLines(const std::string& file, const LineSelection& selection, BadFeatures& bad) {
-  VectorSource source(file);
-  OGRLayer* const layer = selection.layer.empty() ? source.firstLayerWith(holdsLine)
-                                                  : &source.layerNamed(selection.layer);
-  if (layer == nullptr) {
-    throw CommandError(file + ": no layer with lines");
-  }
-  LineReader reader(source, selection, bad);
-  LineFile result = reader.read(*layer);
-  if (!reader.missing().empty()) {
-    throw CommandError(file + ": no feature " + std::to_string(*reader.missing().begin()) +
-                       " in layer '" + layer->GetName() + "'");
-  }
-  if (result.lines.empty()) {
-    const std::size_t left = bad.leftOut().size();
-    throw CommandError(file + ": " +
-                       (left > 0 ? "no usable line, " + std::to_string(left) + " left out"
-                                 : "no lines in layer '" + std::string(layer->GetName()) + "'"));
-  }
-  return result;
+  return readLinesOrRings(file, selection, false, bad);
+}
+
+LineFile readRings(const std::string& file, const LineSelection& selection, BadFeatures& bad) {
+  return readLinesOrRings(file, selection, true, bad);
 }
 
 PointFile readPoints(const std::string& file, BadFeatures& bad) {

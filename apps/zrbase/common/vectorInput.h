@@ -9,16 +9,19 @@
 
 #include "common/modelSystem.h"
 
-/// One line of a file, or one part of a multi-line: a template for the library.
+/// One line of a file, one part of a multi-line, or one ring of a polygon.
 struct InputLine {
   long long fid = 0;  ///< feature id in the file; 0 for the line made of the rows of a table
-  int part = 0;       ///< part of a multi-line, counted from 0
+  int part = 0;       ///< part of a multi-line or multi-polygon, counted from 0
   int partCount = 1;
+  int ring = -1;     ///< of a polygon: 0 for the outer ring, then its holes; -1 for a line
   std::string name;  ///< the feature's name field, empty if there is none
   VertexLine vertices;
 
-  /// "12", "12.1" for a part of several.
+  /// "12", "12.1" for a part of several, "12 ring 1" for a hole.
   std::string label() const;
+  /// Whether it is a ring of a polygon; a line may be closed and is none.
+  bool isRing() const { return ring >= 0; }
 };
 
 /// One point of a file.
@@ -72,6 +75,12 @@ struct PointFile {
 /// dropped and counted.
 /// @throws CommandError if the file, the layer or a feature cannot be used, see BadFeatures
 LineFile readLines(const std::string& file, const LineSelection& selection, BadFeatures& bad);
+
+/// Reads lines as readLines does, and the rings of polygons and multi-polygons beside them.
+///
+/// The rings of a polygon follow each other, the outer one first; each repeats its first vertex at
+/// the end exactly. A polygon with a bad ring is a bad feature as a whole.
+LineFile readRings(const std::string& file, const LineSelection& selection, BadFeatures& bad);
 
 /// Reads the points of any vector file that OGR opens, each point of a multi-point apart, or a
 /// table as above.

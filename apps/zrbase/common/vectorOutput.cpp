@@ -24,7 +24,7 @@ GDALDatasetUniquePtr createDataset(const SafeOutput& output, const std::string& 
 
 }  // namespace
 
-std::string outputDriver(const std::string& fileName) {
+std::string outputDriver(const std::string& fileName, bool tableToo) {
   const std::string ending = textFormat::fileEnding(fileName);
   if (ending == ".geojson" || ending == ".json") {
     return "GeoJSON";
@@ -32,15 +32,21 @@ std::string outputDriver(const std::string& fileName) {
   if (ending == ".gpkg") {
     return "GPKG";
   }
-  throw CommandError(fileName + ": unknown ending for the output: .geojson, .json or .gpkg");
+  if (tableToo && ending == ".csv") {
+    return "CSV";
+  }
+  throw CommandError(fileName + ": unknown ending for the output: " +
+                     (tableToo ? ".geojson, .json, .gpkg or .csv" : ".geojson, .json or .gpkg"));
 }
 
 VectorOutput::VectorOutput(const SafeOutput& output, const std::string& collection,
                            const std::vector<LayerModel>& layers, bool withZ,
                            const SpatialReference& system)
     : output_(output), system_(system), withZ_(withZ) {
-  const std::string driver = outputDriver(output.finalPath());
+  const bool pointsAlone = layers.size() == 1 && layers.front().geometry == wkbPoint;
+  const std::string driver = outputDriver(output.finalPath(), pointsAlone);
   json_ = driver == "GeoJSON";
+  table_ = driver == "CSV";
   oneCollection_ = json_ && layers.size() > 1;
   dataset_ = createDataset(output, driver);
   check(dataset_ != nullptr, "");
@@ -74,6 +80,11 @@ OGRLayer* VectorOutput::createLayer(const std::string& name, OGRwkbGeometryType 
     options = CSLSetNameValue(options, "RFC7946", "NO");
     // A nanometre: what a double holds.
     options = CSLSetNameValue(options, "COORDINATE_PRECISION", "9");
+  } else if (table_) {
+    options = CSLSetNameValue(options, "GEOMETRY", withZ_ ? "AS_XYZ" : "AS_XY");
+    options = CSLSetNameValue(options, "LINEFORMAT", "LF");
+    // Otherwise whole numbers stand in quotes.
+    options = CSLSetNameValue(options, "STRING_QUOTING", "IF_NEEDED");
   } else {
     options = CSLSetNameValue(options, "FID", "ogc_fid");  // "fid" is that of the input
   }
@@ -124,15 +135,24 @@ OGRLineString VectorOutput::lineOf(const VertexLine& vertices) const {
   return line;
 }
 
-OGRPolygon VectorOutput::polygonOf(const VertexLine& ring) const {
-  OGRLinearRing closed;
-  for (const gdfVertex& vertex : ring) {
+OGRLinearRing VectorOutput::ringOf(const VertexLine& vertices) const {
+  OGRLinearRing ring;
+  for (const gdfVertex& vertex : vertices) {
     const OGRPoint point = pointOf(vertex);
-    closed.addPoint(&point);
+    ring.addPoint(&point);
   }
-  closed.closeRings();
+  ring.closeRings();
+  return ring;
+}
+
+OGRPolygon VectorOutput::polygonOf(const VertexLine& ring, const VertexLineList& holes) const {
   OGRPolygon polygon;
-  polygon.addRing(&closed);
+  OGRLinearRing outer = ringOf(ring);
+  polygon.addRing(&outer);
+  for (const VertexLine& hole : holes) {
+    OGRLinearRing inner = ringOf(hole);
+    polygon.addRing(&inner);
+  }
   return polygon;
 }
 

@@ -13,9 +13,10 @@
 #include "common/modelSystem.h"
 #include "common/safeOutput.h"
 
-/// The OGR driver for the ending of the file. @throws CommandError if it is neither .geojson, .json
-/// nor .gpkg
-std::string outputDriver(const std::string& fileName);
+/// The OGR driver for the ending of the file.
+/// @param tableToo  allow .csv, for an output of a single layer of points
+/// @throws CommandError if it is neither .geojson, .json nor .gpkg
+std::string outputDriver(const std::string& fileName, bool tableToo = false);
 
 struct FieldModel {
   const char* name;
@@ -31,7 +32,8 @@ struct LayerModel {
 
 /// Features of one or several layers on their way into a file.
 ///
-/// A GeoPackage gets its layers. GeoJSON holds one: several go into a single collection, each of
+/// A GeoPackage gets its layers, a table has the columns X, Y and perhaps Z before the fields.
+/// GeoJSON holds one layer: several go into a single collection, each of
 /// whose features tells its layer in the property `layer` and has only that layer's properties. A
 /// `crs` member states the system. The same input gives the same bytes.
 class VectorOutput {
@@ -50,8 +52,8 @@ class VectorOutput {
   /// A point with a z where the file has one.
   OGRPoint pointOf(const gdfVertex& v) const;
   OGRLineString lineOf(const VertexLine& vertices) const;
-  /// A polygon of one ring, closed if the vertices are not.
-  OGRPolygon polygonOf(const VertexLine& ring) const;
+  /// A polygon of an outer ring and perhaps holes, each closed if its vertices are not.
+  OGRPolygon polygonOf(const VertexLine& ring, const VertexLineList& holes = {}) const;
 
   /// Ends the file and holds its count of features against what was added.
   /// @throws CommandError if not every feature arrived
@@ -63,6 +65,7 @@ class VectorOutput {
  private:
   OGRLayer* createLayer(const std::string& name, OGRwkbGeometryType geometry);
   void addFields(OGRLayer& layer, const std::vector<FieldModel>& fields);
+  OGRLinearRing ringOf(const VertexLine& vertices) const;
   void check(bool done, const std::string& what) const;
   void checkWritten() const;
 
@@ -72,6 +75,7 @@ class VectorOutput {
   bool withZ_;
   bool oneCollection_ = false;  // several layers in one collection
   bool json_ = false;
+  bool table_ = false;
   GDALDatasetUniquePtr dataset_;
   std::map<std::string, OGRLayer*> layers_;
   std::map<std::string, std::size_t> counts_;

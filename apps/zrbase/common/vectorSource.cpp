@@ -3,6 +3,7 @@
 #include <cpl_vsi.h>
 
 #include <array>
+#include <cmath>
 #include <fstream>
 
 #include "common/commandError.h"
@@ -157,6 +158,21 @@ std::optional<CoordinateColumns> coordinateColumns(OGRLayer& layer) {
     }
   }
   return std::nullopt;
+}
+
+std::string readCoordinate(const OGRFeature& row, int column, bool mayBeBlank, double& value) {
+  const std::string text = column < 0 ? "" : row.GetFieldAsString(column);
+  if (text.empty() && mayBeBlank) {
+    return "";
+  }
+  const std::optional<double> number = textFormat::number(text);
+  const char* const name = row.GetFieldDefnRef(column)->GetNameRef();
+  if (!number) {
+    return std::string(name) + " '" + textFormat::oneLine(text) + "' is not a number";
+  }
+  value = *number;
+  return std::isfinite(value) ? ""
+                              : std::string(name) + " is not finite (NaN or infinite coordinate)";
 }
 
 std::string featureName(const OGRFeature& feature) {

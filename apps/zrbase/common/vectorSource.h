@@ -50,6 +50,12 @@ struct CoordinateColumns {
 /// names.
 std::optional<CoordinateColumns> coordinateColumns(OGRLayer& layer);
 
+/// Reads the finite number in a column of a row into `value`.
+///
+/// @param mayBeBlank  leave `value` as it is where the row has no text, or the table no such column
+/// @return why the column holds none, "z 'high' is not a number"; an empty text if it does
+std::string readCoordinate(const OGRFeature& row, int column, bool mayBeBlank, double& value);
+
 /// The feature's name: its first filled field of the usual names, or an empty text.
 std::string featureName(const OGRFeature& feature);
 

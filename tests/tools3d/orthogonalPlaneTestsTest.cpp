@@ -185,7 +185,7 @@ RC_GTEST_PROP(PointsPlaneOrthogonal, ViewsDifferByNameAlone, ()) {
   // x and y move on to y and z.
   const Answer yz = ofYZ(
       mapped(points, [](const gdfVertex& v) { return gdfVertex(v.z(), v.x(), v.y()); }), tolerance);
-  RC_CLASSIFY(xy.first);
+  RC_CLASSIFY(xy.first, "in one line");
   RC_ASSERT(xz.first == xy.first);
   RC_ASSERT(yz.first == xy.first);
   if (!xy.first) return;

@@ -24,4 +24,14 @@
 #include <zrBase/numerics/mgcEigenD.h>
 #include <zrBase/numerics/symmetricEigenSolver.h>
 
+#include <zrBase/utilities/unitConstants.h>
+#include <zrBase/utilities/zrUnits.h>
+#include <zrBase/utilities/zrUtils.h>
+
+#include <zrBase/survey/zrCordinateConversion.h>
+#include <zrBase/survey/zrShotpointLine.h>
+#include <zrBase/survey/zrSurveyCoordinatePoints.h>
+#include <zrBase/survey/zrSurveyCoordinates.h>
+#include <zrBase/survey/zrSurveyPoint.h>
+
 #endif  // ZRBASE_ZRBASE_H

@@ -12,6 +12,8 @@
 #include "plane/planeCommand.h"
 #include "polygons/polygonsCommand.h"
 #include "split/splitCommand.h"
+#include "survey/surveyCommand.h"
+#include "well/wellCommand.h"
 
 namespace {
 
@@ -30,8 +32,10 @@ int run(int argumentCount, char** arguments) {
   application.set_version_flag("--version", "zrbase " ZRBASE_VERSION);
   application.require_subcommand(0, 1);
   const std::vector<Command> commands = {
-      addFlowpathCommand(application), addPlaneCommand(application), addSplitCommand(application),
-      addFuseCommand(application), addPolygonsCommand(application)};
+      addFlowpathCommand(application), addPlaneCommand(application),
+      addSplitCommand(application),    addFuseCommand(application),
+      addPolygonsCommand(application), addSurveyCommand(application),
+      addWellCommand(application)};
   std::string name = "zrbase";
   try {
     application.parse(argumentCount, arguments);

@@ -17,9 +17,9 @@ namespace {
 namespace fs = std::filesystem;
 
 // The partial files that an interrupt must remove. A signal handler may touch nothing that
-// allocates, so the names are copied into fixed room; a command has two outputs at most, and a name
-// that does not fit is merely not removed.
-constexpr std::size_t kPendingSlots = 4;
+// allocates, so the names are copied into fixed room; a command has few outputs, a Shapefile of
+// five files and a picture at most, and a name that does not fit is merely not removed.
+constexpr std::size_t kPendingSlots = 8;
 std::array<std::array<char, 4096>, kPendingSlots> pendingNames{};
 
 extern "C" void removePendingAndEnd(int signalNumber) {

@@ -121,6 +121,14 @@ OGRLayer* VectorSource::firstLayerWith(const std::function<bool(const OGRGeometr
   return unreadable;
 }
 
+std::vector<OGRLayer*> VectorSource::layers() const {
+  std::vector<OGRLayer*> all;
+  for (OGRLayer* const layer : dataset_->GetLayers()) {
+    all.push_back(layer);
+  }
+  return all;
+}
+
 void VectorSource::forEachFeature(OGRLayer& layer, const std::function<void(OGRFeature&)>& use) {
   layer.ResetReading();
   for (;;) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "common/gdalErrors.h"
 #include "common/modelSystem.h"
@@ -23,6 +24,9 @@ class VectorSource {
   /// The first layer with a geometry that `wanted` accepts, or a table with x and y; null if there
   /// is none.
   OGRLayer* firstLayerWith(const std::function<bool(const OGRGeometry&)>& wanted);
+
+  /// All layers in file order.
+  std::vector<OGRLayer*> layers() const;
 
   /// Calls `use` on each feature in file order. @throws CommandError if reading breaks off
   void forEachFeature(OGRLayer& layer, const std::function<void(OGRFeature&)>& use);

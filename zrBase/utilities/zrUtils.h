@@ -1,0 +1,17 @@
+#ifndef ZRBASE_UTILITIES_ZRUTILS_H
+#define ZRBASE_UTILITIES_ZRUTILS_H
+
+/// @file
+/// Small free functions: angles, rounding, text headers of seismic files. Some bear the name of a
+/// function of the standard library and differ from it (acos, asin, round, lround): name them with
+/// their namespace.
+
+#include <zrBase/utilities/angles.h>
+#include <zrBase/utilities/ebcdic.h>
+#include <zrBase/utilities/rounding.h>
+#include <zrBase/utilities/wellPath.h>
+
+/// Small free functions.
+namespace zrUtils {}
+
+#endif  // ZRBASE_UTILITIES_ZRUTILS_H

@@ -34,4 +34,15 @@
 #include <zrBase/survey/zrSurveyCoordinates.h>
 #include <zrBase/survey/zrSurveyPoint.h>
 
+#include <zrBase/clustering/KCnode.h>
+#include <zrBase/clustering/KCtree.h>
+#include <zrBase/clustering/KMcenters.h>
+#include <zrBase/clustering/KMdata.h>
+#include <zrBase/clustering/KMfilterCenters.h>
+#include <zrBase/clustering/KMterm.h>
+#include <zrBase/clustering/Rabriol.h>
+#include <zrBase/clustering/kmPoints.h>
+#include <zrBase/clustering/kmRandom.h>
+#include <zrBase/clustering/kmServices.h>
+
 #endif  // ZRBASE_ZRBASE_H

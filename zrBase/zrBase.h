@@ -25,6 +25,8 @@
 #include <zrBase/numerics/symmetricEigenSolver.h>
 
 #include <zrBase/utilities/unitConstants.h>
+#include <zrBase/utilities/zrStrUtils.h>
+#include <zrBase/utilities/zrTranslator.h>
 #include <zrBase/utilities/zrUnits.h>
 #include <zrBase/utilities/zrUtils.h>
 

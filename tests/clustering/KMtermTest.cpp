@@ -91,6 +91,13 @@ TEST(KMtermMaxTotStage, WithoutExponentTheFirstCoefficientCounts) {
   EXPECT_EQ(limitOf(100.0, 5.0, 5.0, -0.0, 10, 1000), 100);
 }
 
+TEST(KMtermMaxTotStage, SmallestExponentStillCounts) {
+  // 5 + 10^1e-12, which is 6 and a little; an exponent of exactly 0 gives 5.
+  EXPECT_EQ(limitOf(5.0, 1.0, 0.0, 1e-12, 10, 1000), 6);
+  EXPECT_EQ(limitOf(5.0, 1.0, 0.0, -5e-324, 10, 1000), 6);
+  EXPECT_EQ(limitOf(5.0, 1.0, 0.0, 0.0, 10, 1000), 5);
+}
+
 TEST(KMtermMaxTotStage, GrowsWithCentersAndPoints) {
   EXPECT_EQ(limitOf(0.0, 1.0, 0.0, 1.0, 10, 1000), 10);
   EXPECT_EQ(limitOf(0.0, 0.0, 1.0, 0.5, 10, 1024), 32);

@@ -20,6 +20,7 @@ class EzHybridProbe : public RabriolEZ_Hybrid {
   using RabriolEZ_Hybrid::isRunDone;
   using RabriolEZ_Hybrid::prevDist;
   using RabriolEZ_Hybrid::RabriolEZ_Hybrid;
+  using RabriolEZ_Hybrid::reset;
   using RabriolEZ_Hybrid::selectMethod;
   using RabriolEZ_Hybrid::stageNo;
 };
@@ -107,6 +108,15 @@ TEST(EzHybridSearch, RunEndsAtALossThatIsNoMoreThanTheLeast) {
   EXPECT_TRUE(search.isRunDone());
   search.prevDist = 41.0;
   EXPECT_FALSE(search.isRunDone());
+}
+
+TEST(EzHybridSearch, ResetAsksForASwap) {
+  ScriptedData data({4.0});
+  EzHybridProbe search(centerAt(3.0, data), ezHybridTerm(9, 0.5));
+  search.isNewRun = false;
+  search.reset();
+  EXPECT_TRUE(search.isNewRun);
+  EXPECT_EQ(search.selectMethod(), KM_ALG_SWAP);
 }
 
 TEST(EzHybridSearch, NoDistortionEndsTheRun) {

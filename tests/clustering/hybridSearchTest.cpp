@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
 namespace {
 
@@ -199,6 +200,17 @@ TEST(HybridSearch, KeptCertainAcceptanceNeedsNoTemperature) {
   }
 }
 
+TEST(HybridSearch, DrawOfExactlyOneIsRefused) {
+  ScriptedData data({4.0});
+  HybridProbe search(centerAt(0.0, data), hybridTerm(4, 0.72, 1.0));
+  search.trialCt = 0;
+  search.temperature = -infinity;
+  // exp(-0.5 / -inf) is 1.0, and one draw in 32768 is no less than that.
+  int calls = 1;
+  while (calls < 2000000 && search.simAnnealAccept(-0.5)) ++calls;
+  EXPECT_LT(calls, 2000000);
+}
+
 TEST(HybridSearch, KeptTemperatureOutlivesReset) {
   ScriptedData data({4.0, 4.0});
   HybridProbe search(centerAt(0.0, data), hybridTerm(4, 0.72, 0.5));
@@ -260,6 +272,61 @@ TEST(HybridSearch, SwappingEndsWithTheFirstSwapRefused) {
   refusing.prevDist = 41.0;
   EXPECT_FALSE(refusing.isRunDone());
   EXPECT_EQ(refusing.trialCt, 19);
+}
+
+TEST(HybridSearch, KeptAnnealedRunGoesOnPastTheLimit) {
+  // The only stage allowed is the swap; the run has its Lloyd steps all the same: 130, 34, 10.
+  ScriptedData data({4.0, 8.0});
+  HybridProbe search(centerAt(0.0, data), hybridTerm(1, 0.72, never));
+  EXPECT_EQ(search.execute()[0][0], 2.0);
+  EXPECT_EQ(search.getTotalStages(), 3);
+  // Nor does the limit end a series of swaps.
+  search.areSwapping = true;
+  search.trialCt = 20;
+  EXPECT_FALSE(search.isRunDone());
+}
+
+TEST(HybridSearch, KeptAnnealedSearchBeginsWithAnOldLoss) {
+  ScriptedData data({4.0, 8.0, 1.0, 8.0});
+  HybridProbe search(centerAt(0.0, data), hybridTerm(1, 0.9, never));
+  EXPECT_EQ(search.prevDist, 0.0);
+  std::string first;
+  {
+    const Listening listening;
+    search.execute();
+    first = listening.text();
+  }
+  EXPECT_EQ(first.substr(0, first.find('\n')),
+            "    <stage: 0 curr: 17 best: 17 save: 17 consecRDL: -inf >");
+  EXPECT_EQ(search.prevDist, 130.0);
+  // The next search begins with the loss since the last stage of this one began: (130 - 4) / 130.
+  const Listening listening;
+  search.execute();
+  EXPECT_EQ(listening.text().substr(0, listening.text().find('\n')),
+            "    <stage: 0 curr: 2 best: 2 save: 2 consecRDL: 0.969231 >");
+}
+
+TEST(HybridSearch, KeptSwapWithoutDistortionIsLeftToTheTest) {
+  ScriptedData data({}, {5.0, 5.0});
+  HybridProbe refusing(centerAt(5.0, data), hybridTerm(9, 0.5, never));
+  refusing.trialCt = 20;
+  ASSERT_TRUE(std::isnan(refusing.consecRDL()));  // (0 - 0) / 0
+  EXPECT_FALSE(refusing.isRunDone());
+  EXPECT_FALSE(refusing.areSwapping);
+  EXPECT_EQ(refusing.trialCt, 19);
+  EXPECT_TRUE(std::isnan(refusing.sumTrials));
+  // Among the Lloyd steps it is the end.
+  EXPECT_TRUE(refusing.isRunDone());
+  EXPECT_EQ(refusing.trialCt, 19);
+
+  HybridProbe accepting(centerAt(5.0, data), hybridTerm(9, 0.5, always));
+  accepting.trialCt = 20;
+  // During the trials, with the last of them, and after them.
+  for (int i = 0; i < 25; ++i) {
+    EXPECT_FALSE(accepting.isRunDone());
+    EXPECT_TRUE(accepting.areSwapping);
+  }
+  EXPECT_EQ(accepting.trialCt, -5);
 }
 
 TEST(HybridSearch, NoDistortionEndsTheRun) {

@@ -21,6 +21,7 @@ class LloydsProbe : public RabriolLloyds {
   using RabriolLloyds::runInitStage;
   using RabriolLloyds::selectMethod;
   using RabriolLloyds::stageNo;
+  using RabriolLloyds::tryAcceptance;
 };
 
 KMterm lloydsTerm(int limit, double minAccumRDL, int maxRunStage) {
@@ -134,6 +135,21 @@ TEST(LloydsSearch, KeepsTheBestAtEveryStage) {
   search.curr = centerAt(-2.0, data);
   search.endStage();
   EXPECT_EQ(search.best[0][0], 2.0);
+}
+
+TEST(LloydsSearch, KeptStagesAreJudgedByTheirAverage) {
+  ScriptedData data({}, {-1.0, 0.0, 1.0});
+  LloydsProbe search(centerAt(3.0, data), lloydsTerm(6, 0.9, 2));
+  // Around these points a center c has the total 2 + 3 c^2.
+  search.best = centerAt(0x1.3333333333337p-1, data);
+  search.curr = centerAt(0x1.3333333333336p-1, data);
+  ASSERT_LT(search.curr.getDist(true), search.best.getDist(true));
+  ASSERT_EQ(search.curr.getAvgDist(true), search.best.getAvgDist(true));
+  search.endStage();
+  EXPECT_EQ(search.best[0][0], 0x1.3333333333337p-1);
+  // The end of a run compares totals.
+  search.tryAcceptance();
+  EXPECT_EQ(search.best[0][0], 0x1.3333333333336p-1);
 }
 
 TEST(LloydsSearch, RunEndsAtItsLossAtItsLengthOrAtTheLimit) {

@@ -84,6 +84,22 @@ class PlainSearch : public Rabriol {
   KMalg selectMethod() override { return KM_ALG_SWAP; }
 };
 
+/// Data that notes how its samples are asked for.
+class AskedData : public ScriptedData {
+ public:
+  using ScriptedData::ScriptedData;
+  void sampleCtrs(double** sample, int count, bool allowDuplicate) override {
+    samples.push_back(sample);
+    counts.push_back(count);
+    duplicates.push_back(allowDuplicate);
+    ScriptedData::sampleCtrs(sample, count, allowDuplicate);
+  }
+
+  std::vector<double**> samples;
+  std::vector<int> counts;
+  std::vector<bool> duplicates;
+};
+
 static_assert(std::is_abstract_v<Rabriol>, "the frame names no move");
 static_assert(KM_ALG_LLOYD == 0 && KM_ALG_SWAP == 1 && KM_ALG_RANDOM == 4, "values of the moves");
 
@@ -193,6 +209,25 @@ TEST(SearchFrame, RandomMoveDrawsAllCenters) {
   KMfilterCenters found = search.execute();
   EXPECT_EQ(found[0][0], 5.0);
   EXPECT_EQ(found.getDist(false), 52.0);
+}
+
+TEST(SearchFrame, DrawsNoPointTwiceIntoTheCurrentCenters) {
+  AskedData data({1.0, 2.0, 3.0, 4.0}, {1.0, 2.0, 3.0, 4.0});
+  ToldSearch search(KMfilterCenters(2, data, 1.0), stages(1), {KM_ALG_RANDOM});
+  // Once at the beginning, and once by the move.
+  search.execute();
+  EXPECT_THAT(data.samples, ElementsAre(search.curr.getCtrPts(), search.curr.getCtrPts()));
+  EXPECT_THAT(data.counts, ElementsAre(2, 2));
+  EXPECT_THAT(data.duplicates, ElementsAre(false, false));
+}
+
+TEST(SearchFrame, AsManyCentersAsPointsBeginOnThemAll) {
+  KMdata data(1, 5);
+  for (int i = 0; i < 5; ++i) data[i][0] = i;
+  data.buildKcTree();
+  const KMterm term(0.5, 0.0, 0.0, 0.0, 0.0, 0.0, 0, 0.0, 0, 0.0);
+  ToldSearch search(KMfilterCenters(5, data, 1.0), term, {});
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(search.execute().getDist(false), 0.0);
 }
 
 TEST(SearchFrame, OtherValuesMakeNoMove) {

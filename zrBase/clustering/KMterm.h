@@ -25,31 +25,41 @@ class ZRBASE_EXPORT KMterm {
   /// @param a,b,c,d  coefficients of the limit of stages, see getMaxTotStage
   KMterm(double a, double b, double c, double d, double minConsecRDL, double minAccumRDL,
          int maxRunStage, double initProbAccept, int tempRunLength, double tempReducFact);
+  /// Copies all figures.
   KMterm(const KMterm& other) = default;
+  /// Takes over all figures.
   KMterm& operator=(const KMterm& other) = default;
 
   /// Most stages of a run.
   int getMaxRunStage() const { return maxRunStage; }
+  /// Sets the most stages of a run; below 2 each run has one.
   void setMaxRunStage(int stages) { maxRunStage = stages; }
 
   /// Relative distortion loss from one stage to the next that a run has to exceed to go on.
   double getMinConsecRDL() const { return minConsecRDL; }
+  /// Sets that loss, 0.01 for a hundredth. 0 or more ends each series of Lloyd steps sooner or
+  /// later; below 0, steps that change nothing go on for ever.
   void setMinConsecRDL(double loss) { minConsecRDL = loss; }
 
   /// Relative distortion loss over a run from which on the run counts as a success.
   double getMinAccumRDL() const { return minAccumRDL; }
+  /// Sets that loss, 0.1 for a tenth; with 0 a run that gains nothing counts as a success, too.
   void setMinAccumRDL(double loss) { minAccumRDL = loss; }
 
   /// Probability, 0 to 1, of accepting a worse solution at the beginning.
   double getInitProbAccept() const { return initProbAccept; }
+  /// Sets that probability. 1 accepts nearly everything for ever; above 1 a search of RabriolHybrid
+  /// may never end.
   void setInitProbAccept(double probability) { initProbAccept = probability; }
 
   /// Stages at one temperature.
   int getTempRunLength() const { return tempRunLength; }
+  /// Sets that number of stages; 0 or less lowers the temperature after every run.
   void setTempRunLength(int stages) { tempRunLength = stages; }
 
   /// Factor that the temperature is multiplied by after so many stages.
   double getTempReducFact() const { return tempReducFact; }
+  /// Sets that factor: from 0 to 1 for a temperature that falls, 1 for one that stays.
   void setTempReducFact(double factor) { tempReducFact = factor; }
 
   /// Sets one coefficient of the limit of stages.

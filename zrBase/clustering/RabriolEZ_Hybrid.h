@@ -13,8 +13,11 @@ class ZRBASE_EXPORT RabriolEZ_Hybrid : public Rabriol {
  public:
   /// See Rabriol.
   RabriolEZ_Hybrid(const KMfilterCenters& sol, const KMterm& term);
+  /// Copies all state, the distortion of the last stage included; see Rabriol.
   RabriolEZ_Hybrid(const RabriolEZ_Hybrid& other) = default;
+  /// Takes over all state, the distortion of the last stage included; see Rabriol.
   RabriolEZ_Hybrid& operator=(const RabriolEZ_Hybrid& other) = default;
+  /// Frees the solutions; the data stays.
   ~RabriolEZ_Hybrid() override = default;
 
  protected:

@@ -32,6 +32,8 @@ void RabriolHybrid::reset() {
   save = curr;
   areSwapping = true;
   initTempRuns();
+  // Kept on purpose (KeptAnnealedSearchBeginsWithAnOldLoss): prevDist is not set back. The first
+  // line tells a loss of -inf, that of a second search the loss since the end of the first.
   printStageStats();
 }
 
@@ -71,9 +73,13 @@ void RabriolHybrid::endStage() {
 bool RabriolHybrid::isRunDone() {
   const double loss = consecRDL();
   if (areSwapping) {
+    // Kept on purpose (KeptSwapWithoutDistortionIsLeftToTheTest): a loss of NaN ends neither the
+    // run nor its first part by itself. It is tested, counted as a trial, and costs a draw.
     if (!simAnnealAccept(loss)) areSwapping = false;
     return false;
   }
+  // Kept on purpose (KeptAnnealedRunGoesOnPastTheLimit): the limit of stages is not looked at, here
+  // or above, so that what is judged at the end of a run is always the outcome of Lloyd steps.
   return term.getMinConsecRDL() >= loss || std::isnan(loss);
 }
 
@@ -113,6 +119,7 @@ bool RabriolHybrid::simAnnealAccept(double x) {
       temperature = -sumTrials / (nTrials() * std::log(probability));
     }
   }
+  // Strictly: a draw of exactly 1.0 is refused even by a probability of 1.0, one time in 32768.
   return kmRanUnif(0.0, 1.0) < probability;
 }
 

@@ -20,17 +20,21 @@ class ZRBASE_EXPORT RabriolHybrid : public Rabriol {
  public:
   /// See Rabriol.
   RabriolHybrid(const KMfilterCenters& sol, const KMterm& term);
+  /// Copies all state, the temperature and the saved solution included; see Rabriol.
   RabriolHybrid(const RabriolHybrid& other) = default;
+  /// Takes over all state, the temperature and the saved solution included; see Rabriol.
   RabriolHybrid& operator=(const RabriolHybrid& other) = default;
+  /// Frees the solutions; the data stays.
   ~RabriolHybrid() override = default;
 
  protected:
   /// Writes the line of a stage; beside the averages of all three solutions the loss since the
   /// stage before it.
   void printStageStats() override;
-  /// Also saves the drawn centers, begins the trials anew and writes the line of stage 0; see
-  /// RabriolEZ_Hybrid::reset for its loss. The temperature of an earlier execute() stays until the
-  /// trials replace it.
+  /// Also saves the drawn centers, begins the trials anew and writes the line of stage 0. Its loss
+  /// is that against the last stage of the execute() before: the first time that is a distortion of
+  /// 0, and the loss -inf, or a NaN. The temperature of an earlier execute() stays until the trials
+  /// replace it.
   void reset() override;
   /// Notes the distortion.
   void beginStage() override;
@@ -41,6 +45,9 @@ class ZRBASE_EXPORT RabriolHybrid : public Rabriol {
   /// Whether the run ends: never in its first part, which is over once a swap is not accepted;
   /// after a Lloyd step if its loss is at most `minConsecRDL`, or a NaN, as it is between two
   /// distortions of 0.
+  ///
+  /// In the first part such a NaN goes to the test like any other loss. Where no swap leads to a
+  /// distortion, that is the test's last word: with an `initProbAccept` above 1 the run never ends.
   bool isRunDone() override;
   /// Lowers the temperature if it is time to, asks for swaps, and writes the line of a run.
   void endRun() override;

@@ -23,6 +23,8 @@ KMalg RabriolLloyds::selectMethod() { return isNewPhase ? KM_ALG_RANDOM : KM_ALG
 
 void RabriolLloyds::endStage() {
   ++stageNo;
+  // Kept on purpose (KeptStagesAreJudgedByTheirAverage): all other decisions compare totals. Totals
+  // that differ in their last bit may have the same average, and then the older solution stays.
   if (best.getAvgDist(true) > curr.getAvgDist(true)) best = curr;
   printStageStats();
 }

@@ -14,8 +14,11 @@ class ZRBASE_EXPORT RabriolLloyds : public Rabriol {
  public:
   /// See Rabriol; computes the distortion of the solution given.
   RabriolLloyds(const KMfilterCenters& sol, const KMterm& term);
+  /// Copies all state, phase and distortion of the run included; see Rabriol.
   RabriolLloyds(const RabriolLloyds& other) = default;
+  /// Takes over all state, phase and distortion of the run included; see Rabriol.
   RabriolLloyds& operator=(const RabriolLloyds& other) = default;
+  /// Frees the solutions; the data stays.
   ~RabriolLloyds() override = default;
 
  protected:
@@ -27,7 +30,8 @@ class ZRBASE_EXPORT RabriolLloyds : public Rabriol {
   void beginStage() override;
   /// New centers if the last run asked for them, else a Lloyd step.
   KMalg selectMethod() override;
-  /// Counts the stage and keeps the best solution by its average distortion, strictly lower.
+  /// Counts the stage. The current solution becomes the best one if its average distortion is
+  /// strictly lower; a total that is lower by no more than rounding may not be enough.
   void endStage() override;
   /// Whether the run ends: by the limit of stages, by its length, by its loss. A stage that drew
   /// new centers goes on, and is what the loss is measured against from then on, unless one of the

@@ -13,8 +13,11 @@ class ZRBASE_EXPORT RabriolSwap : public Rabriol {
   /// See Rabriol.
   /// @param maxSwaps  swaps in a run; below 2 each run has one
   RabriolSwap(const KMfilterCenters& sol, const KMterm& term, int maxSwaps);
+  /// Copies all state, the count of swaps included; see Rabriol.
   RabriolSwap(const RabriolSwap& other) = default;
+  /// Takes over all state, the count of swaps included; see Rabriol.
   RabriolSwap& operator=(const RabriolSwap& other) = default;
+  /// Frees the solutions; the data stays.
   ~RabriolSwap() override = default;
 
  protected:

@@ -48,7 +48,9 @@ class ZRBASE_EXPORT Rabriol {
   Rabriol(const KMfilterCenters& sol, const KMterm& term);
   /// Copies all state, with centers of its own for the same data.
   Rabriol(const Rabriol& other) = default;
+  /// Takes over all state, sizes and data included, with centers of its own.
   Rabriol& operator=(const Rabriol& other) = default;
+  /// Frees both solutions; the data stays.
   virtual ~Rabriol() = default;
 
   /// Runs the search, anew with each call, and gives the best solution that it saw.
@@ -64,7 +66,8 @@ class ZRBASE_EXPORT Rabriol {
   int getTotalStages() const { return stageNo; }
 
  protected:
-  /// Prepares a new search: stage 0, centers drawn from the data, which are the best ones so far.
+  /// Prepares a new search: stage 0, centers drawn from the data, no point twice, which are the
+  /// best ones so far.
   virtual void reset();
   /// Whether the limit of stages is reached.
   virtual bool isDone() const;

@@ -150,7 +150,9 @@ TEST(AcadRgb, KeptBrightnessIsInSinglePrecision) {
   EXPECT_EQ(acadRgb(16).red, 2 * 0.300000011920928955078125);
   EXPECT_EQ(acadRgb(18).red, 2 * 0.1500000059604644775390625);
   EXPECT_EQ(acadRgb(250).red, 2 * 0.3300000131130218505859375);
-  // 0.134f is 0.13400000333786011; the sum 0.46400001645... is rounded to a float again.
+  // 0.134f is 0.13400000333786011; 251 adds it to 0.33 once, 252 twice, and the second sum is
+  // rounded to a float again. It is not doubled.
+  EXPECT_EQ(acadRgb(252).red, 0.598000049591064453125);
   EXPECT_EQ(acadRgb(251).red, 2 * 0.4640000164508819580078125);
 }
 
@@ -221,6 +223,13 @@ TEST(ColorRefToAcad, FindsEachIndexByItsColour) {
                         static_cast<int>(packed >> 16));
     EXPECT_EQ(ColorRefToAcad(colour, 0), indexAfterTheRound(index)) << index;
   }
+}
+
+TEST(ColorRefToAcad, TakesTheModeForBasicColoursExactly) {
+  // Nearly black: 18 of all, 1 of the basic colours by hue.
+  EXPECT_EQ(ColorRefToAcad(0x000001, 8), 1);
+  EXPECT_EQ(ColorRefToAcad(0x000001, 9), 18);
+  EXPECT_EQ(ColorRefToAcad(0x000001, 24), 18);
 }
 
 TEST(ColorRefToAcad, KnowsTheExactColoursInEachMode) {
@@ -345,6 +354,14 @@ TEST(RgbHsv, GivesPureHues) {
   EXPECT_HSV(hsv(0.0, 1.0, 1.0), 180.0, 1.0, 1.0);
   EXPECT_HSV(hsv(0.0, 0.0, 1.0), 240.0, 1.0, 1.0);
   EXPECT_HSV(hsv(1.0, 0.0, 1.0), 300.0, 1.0, 1.0);
+}
+
+TEST(RgbHsv, TakesNegativeComponentsAsTheyCome) {
+  // v = -1, the spread is 3, s = 3 / -1; the hue (1 - 1/3) 60 of the sector between red and green.
+  const Hsv negative = hsv(-1.0, -2.0, -4.0);
+  EXPECT_NEAR(negative.h, 40.0, 1e-12);
+  EXPECT_EQ(negative.s, -3.0);
+  EXPECT_EQ(negative.v, -1.0);
 }
 
 TEST(RgbHsv, GivesNoHueForGrey) {

@@ -124,6 +124,15 @@ TEST(GetDouble, ReadsFieldsOfACard) {
   EXPECT_EQ(zrStrUtils::getDouble(card, 9, 8), 0.0);
 }
 
+TEST(GetDouble, EndsBeforeAnExponentWithoutDigitsBeyondItsRangeToo) {
+  const std::string tiny = "0." + std::string(400, '0') + "1e";
+  EXPECT_EQ(doubleOf(tiny + " 900"), 0.0);
+  EXPECT_EQ(doubleOf(tiny + "900"), std::numeric_limits<double>::infinity());
+  const std::string huge = std::string(400, '9') + "e";
+  EXPECT_EQ(doubleOf(huge + " -900"), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(doubleOf(huge + "-900"), 0.0);
+}
+
 TEST(GetDouble, ReadsTheLongestNumber) {
   EXPECT_EQ(doubleOf(".5"), 0.5);
   EXPECT_EQ(doubleOf("5."), 5.0);

@@ -53,9 +53,6 @@ constexpr ColourWord suiteWords[] = {
 // are both CD0000, navy and navyblue both 800000, and lightgoldenrod has a green of 22. Drawings
 // were made with these.
 constexpr ColourWord motifWords[] = {
-    // Kept on purpose (KeptMotifNamesWithBlanksAreNeverFound): blanks have gone from the text
-    // before it is compared, so midnight blue, light steel blue, light goldenrod yellow and deep
-    // pink stand here in vain.
     {"snow", 0xFFFFFF},
     {"white", 0xFFFFFF},
     {"black", 0x000000},
@@ -89,6 +86,9 @@ constexpr ColourWord motifWords[] = {
     {"lightslategray", 0x998877},
     {"gray", 0xBEBEBE},
     {"lightgrey", 0xD3D3D3},
+    // Kept on purpose (KeptMotifNamesWithBlanksAreNeverFound): blanks have gone from the text
+    // before it is compared, so this one, light steel blue, light goldenrod yellow and deep pink
+    // stand here in vain.
     {"midnight blue", 0x701919},
     {"navy", 0x800000},
     {"navyblue", 0x800000},

@@ -39,9 +39,8 @@ ZRBASE_EXPORT bool addDefaultFilenameExtension(QString& name, const char* ext);
 ///
 /// The extension is looked for in the last part of the name only: from the end up to a backslash or
 /// the platform's own separator. A name of a full stop and an extension becomes empty.
-/// @param ext  the only extension to remove, without its full stop, compared exactly; a null
-/// pointer
-///     takes any, while an empty text takes just a full stop at the end
+/// @param ext  the only extension to remove, without its full stop, compared exactly; a
+/// null pointer takes any, while an empty text takes just a full stop at the end
 ZRBASE_EXPORT void removeFilenameExtension(QString& name, const char* ext);
 /// The same for UTF-8.
 ZRBASE_EXPORT void removeFilenameExtension(std::string& name, const char* ext);

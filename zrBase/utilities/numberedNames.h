@@ -17,8 +17,7 @@ namespace zrStrUtils {
 /// | without a low line                           | name, low line, number | "well" to "well_003" |
 /// | a low line at its end                        | name, number     | "well_" to "well_003"      |
 /// | a number of 1 and above behind the last one  | number replaced  | "well_002" to "well_003"   |
-/// | anything else behind the last one            | name, low line, number | "old_well" to
-/// "old_well_003" |
+/// | anything else behind the last one            | name, low line, number | "a_b" to "a_b_003"   |
 ///
 /// What begins with a number is replaced as a whole: "well_2nd" becomes "well_003".
 ZRBASE_EXPORT void addUniqueNameIndex(std::string& name, int index);

@@ -32,6 +32,8 @@ std::string_view takeDigits(std::string_view& text) {
 double exponentOf(std::string_view text) {
   if (text.empty() || (text.front() != 'e' && text.front() != 'E')) return 0.0;
   text.remove_prefix(1);
+  // leadingInt passes white space over, but a number ends in front of an 'e' without a digit.
+  if (!text.empty() && isSpace(text.front())) return 0.0;
   return leadingInt(text);
 }
 

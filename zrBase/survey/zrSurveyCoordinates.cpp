@@ -131,34 +131,6 @@ int zrSurveyCoordinates::xlines() const {
   return gdfInternal::toInt(pointTwo_.traceNumber - pointOne_.traceNumber + 1.0);
 }
 
-void zrSurveyCoordinates::Survey2World(double& a, double& b, double& c) const {
-  gdfVertex vertex(a, b, c);
-  Survey2World(vertex);
-  a = vertex.x();
-  b = vertex.y();
-  c = vertex.z();
-}
-
-void zrSurveyCoordinates::Survey2World(gdfVertex& vertex) const {
-  vertex = gdfVertex(vertex.x(), vertex.y(), 0.0) % surveyToWorld_;
-}
-
-void zrSurveyCoordinates::World2Survey(double& x, double& y, double& z) const {
-  gdfVertex vertex(x, y, z);
-  World2Survey(vertex);
-  x = vertex.x();
-  y = vertex.y();
-  z = vertex.z();
-}
-
-void zrSurveyCoordinates::World2Survey(gdfVertex& vertex) const {
-  // Kept on purpose (KeptWorldHeightEntersTheProduct): z is cleared after the product, where
-  // Survey2World drops it before. A height that is not a number makes both survey numbers so, and
-  // callers find the hole in their data by that.
-  vertex %= worldToSurvey_;
-  vertex.z() = 0.0;
-}
-
 zrSurveyPoint zrSurveyCoordinates::inModelUnits(const zrSurveyPoint& streamed) const {
   return surveyPoint(streamed.inlineNumber, streamed.traceNumber, streamed.x * units.getXRatio(),
                      streamed.y * units.getYRatio());

@@ -233,4 +233,34 @@ class ZRBASE_EXPORT zrSurveyCoordinates {
   zrSurveyPoint pointThree_;
 };
 
+// Inline: a survey has its points by the million, and a call would cost as much as the product.
+
+inline void zrSurveyCoordinates::Survey2World(gdfVertex& vertex) const {
+  vertex = gdfVertex(vertex.x(), vertex.y(), 0.0) % surveyToWorld_;
+}
+
+inline void zrSurveyCoordinates::World2Survey(gdfVertex& vertex) const {
+  // Kept on purpose (KeptWorldHeightEntersTheProduct): z is cleared after the product, where
+  // Survey2World drops it before. A height that is not a number makes both survey numbers so, and
+  // callers find the hole in their data by that.
+  vertex %= worldToSurvey_;
+  vertex.z() = 0.0;
+}
+
+inline void zrSurveyCoordinates::Survey2World(double& a, double& b, double& c) const {
+  gdfVertex vertex(a, b, c);
+  Survey2World(vertex);
+  a = vertex.x();
+  b = vertex.y();
+  c = vertex.z();
+}
+
+inline void zrSurveyCoordinates::World2Survey(double& x, double& y, double& z) const {
+  gdfVertex vertex(x, y, z);
+  World2Survey(vertex);
+  x = vertex.x();
+  y = vertex.y();
+  z = vertex.z();
+}
+
 #endif  // ZRBASE_SURVEY_ZRSURVEYCOORDINATES_H

@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "cluster/clusterCommand.h"
+#include "colour/colourCommand.h"
+#include "column/columnCommand.h"
 #include "common/command.h"
 #include "common/textFormat.h"
 #include "flowpath/flowpathCommand.h"
@@ -35,7 +38,8 @@ int run(int argumentCount, char** arguments) {
       addFlowpathCommand(application), addPlaneCommand(application),
       addSplitCommand(application),    addFuseCommand(application),
       addPolygonsCommand(application), addSurveyCommand(application),
-      addWellCommand(application)};
+      addWellCommand(application),     addClusterCommand(application),
+      addColourCommand(application),   addColumnCommand(application)};
   std::string name = "zrbase";
   try {
     application.parse(argumentCount, arguments);

@@ -118,6 +118,10 @@ OGRFeatureUniquePtr VectorOutput::newFeature(const std::string& layer) const {
 
 void VectorOutput::add(const std::string& layer, OGRFeature& feature, const OGRGeometry& geometry) {
   check(feature.SetGeometry(&geometry) == OGRERR_NONE, layer);
+  add(layer, feature);
+}
+
+void VectorOutput::add(const std::string& layer, OGRFeature& feature) {
   check(layers_.at(layer)->CreateFeature(&feature) == OGRERR_NONE, layer);
   ++counts_.at(layer);
 }

@@ -48,6 +48,8 @@ class VectorOutput {
   OGRFeatureUniquePtr newFeature(const std::string& layer) const;
   /// Puts the feature into its layer, with this geometry. @throws CommandError if it is refused
   void add(const std::string& layer, OGRFeature& feature, const OGRGeometry& geometry);
+  /// The same without a geometry.
+  void add(const std::string& layer, OGRFeature& feature);
 
   /// A point with a z where the file has one.
   OGRPoint pointOf(const gdfVertex& v) const;

@@ -161,6 +161,30 @@ TEST(KCtree, CutSlidesUpToTheNearestPoint) {
   EXPECT_EQ(NodePeek::bndHiOf(*SplitPeek::lowOf(root))[0], 1.0);
 }
 
+TEST(KCtree, CutThatSlidSplitsOffOneOfCoincidentPoints) {
+  // The cut slides to 3, where one point lies below and three not above: n - 1 are low all the
+  // same, where an even division gives 1. The sweep exchanges the first point and the last.
+  const Data data(onALine({3.0, 3.0, 1.0}));
+  double lo[] = {0.0};
+  double hi[] = {100.0};
+  const KCtree down(data.getPts(), 3, 1, 0, lo, hi);
+  EXPECT_EQ(SplitPeek::cutValOf(asSplit(*down.getRoot())), 3.0);
+  EXPECT_EQ(NodePeek::nDataOf(*SplitPeek::lowOf(asSplit(*down.getRoot()))), 2);
+  std::vector<int> indices;
+  collectIndices(*down.getRoot(), indices);
+  EXPECT_EQ(indices, (std::vector<int>{2, 1, 0}));
+  // Up to 1, where none lies below and three not above: 1 is low, where an even division gives 2.
+  const Data other(onALine({3.0, 1.0, 1.0, 1.0}));
+  lo[0] = -100.0;
+  hi[0] = 4.0;
+  const KCtree up(other.getPts(), 4, 1, 0, lo, hi);
+  EXPECT_EQ(SplitPeek::cutValOf(asSplit(*up.getRoot())), 1.0);
+  EXPECT_EQ(NodePeek::nDataOf(*SplitPeek::lowOf(asSplit(*up.getRoot()))), 1);
+  indices.clear();
+  collectIndices(*up.getRoot(), indices);
+  EXPECT_EQ(indices, (std::vector<int>{3, 1, 2, 0}));
+}
+
 TEST(KCtree, TakesEachGivenSideOfTheBox) {
   const Data data(onALine({1.0, 3.0}));
   double lo[] = {-7.0};
@@ -238,6 +262,31 @@ TEST(KCnode, StandsAloneWhenMadeByHand) {
   EXPECT_EQ(sum[0], 4.0);
   EXPECT_EQ(sumSq, 10.0);
   EXPECT_EQ(NodePeek::bndHiOf(*SplitPeek::lowOf(split))[0], 2.0);
+}
+
+TEST(KCnode, KeptLeafAddsItsWholeSumOfSquaresForEachPoint) {
+  Data data(onALine({1.0, 4.0}));
+  Filter centers(2, data, 1.0);
+  place(centers, {{1.0}, {2.6}});
+  centers.getAssignments(nullptr, nullptr);  // begins a pass, with all statistics 0
+  int indices[] = {0, 1};
+  const double lo[] = {0.0};
+  const double hi[] = {5.0};
+  KCleaf leaf(1, lo, hi, 2, indices);
+  int n = 0;
+  double* sum = nullptr;
+  double sumSq = 0.0;
+  leaf.collectStats(n, sum, sumSq);
+  EXPECT_EQ(n, 2);
+  EXPECT_EQ(sum[0], 5.0);
+  EXPECT_EQ(sumSq, 17.0);
+  int candidates[] = {0, 1};
+  leaf.filterCandidates(candidates, 2);
+  for (int j = 0; j < 2; ++j) {
+    EXPECT_EQ(centers.getWeights(false)[j], 1);
+    EXPECT_EQ(centers.getSums(false)[j][0], data[j][0]);
+    EXPECT_EQ(centers.getSumSqs(false)[j], 17.0) << "not the 1 or 16 of its point";
+  }
 }
 
 // Printing.

@@ -125,6 +125,65 @@ TEST(KMfilterCenters, OfEqualCentersTheFirstWins) {
   EXPECT_EQ(centers.getWeights(true)[2], 0);
 }
 
+TEST(KMfilterCenters, ACandidateIsPrunedWhenNormIsAtLeastTwoDot) {
+  // The cell is [0, 4] and its middle, 2, a center. For the center 6 the corner is 4, norm 4 * 4
+  // and dot (4 - 2) * 4; for -2 the corner is 0, norm 16 and dot (0 - 2) * -4: both are dropped,
+  // though each is as near to one point, and stands earlier in the list.
+  Data data({{0.0}, {4.0}});
+  for (const Points& places : {Points{{6.0}, {2.0}}, Points{{6.0}, {-2.0}, {2.0}}}) {
+    const int last = static_cast<int>(places.size()) - 1;
+    Filter centers(last + 1, data, 1.0);
+    place(centers, places);
+    EXPECT_EQ(centers.getWeights(true)[last], 2);
+    EXPECT_EQ(centers.getSums(true)[last][0], 4.0);
+    int closest[2] = {-1, -1};
+    centers.getAssignments(closest, nullptr);
+    EXPECT_EQ(closest[0], last);
+    EXPECT_EQ(closest[1], last);
+    // The same by the walk of the nodes themselves.
+    int all[] = {0, 1, 2};
+    data.getKcTree()->getRoot()->filterCandidates(all, last + 1);
+    EXPECT_EQ(centers.getWeights(false)[last], 2);
+  }
+}
+
+TEST(KMfilterCenters, KeptMovedPointKeepsItsFormerNorm) {
+  // The cell is [1, 10]. 2 is (first) closest to its middle, 5.5; neither 9 (norm 49, dot 8 * 7)
+  // nor 9.5 (norm 56.25, dot 8 * 7.5) is dropped, so that both leaves have to choose.
+  for (const Points& places : {Points{{2.0}, {9.0}}, Points{{2.0}, {9.0}, {9.5}}}) {
+    Data data({{1.0}, {10.0}});
+    const int k = static_cast<int>(places.size());
+    Filter centers(k, data, 1.0);
+    place(centers, places);
+    data[1][0] = 6.0;
+    EXPECT_EQ(centers.getWeights(true)[1], 1) << "6 is nearest to 9";
+    EXPECT_EQ(centers.getSums(true)[1][0], 6.0) << "where the point is";
+    EXPECT_EQ(centers.getSumSqs(true)[1], 100.0) << "where it was";
+    EXPECT_EQ(centers.getDists(true)[1], 100.0 - 2 * 54.0 + 81.0);
+    // The same by the walk of the nodes themselves, on statistics set to 0.
+    centers.getAssignments(nullptr, nullptr);
+    int all[] = {0, 1, 2};
+    data.getKcTree()->getRoot()->filterCandidates(all, k);
+    EXPECT_EQ(centers.getSums(false)[1][0], 6.0);
+    EXPECT_EQ(centers.getSumSqs(false)[1], 100.0);
+  }
+}
+
+TEST(KMfilterCenters, KeptDistortionMayComeOutBelowZero) {
+  const double a = 1e8 + 0.1, b = 1e8 + 0.2, c = 1e8 + 0.4;
+  Data data({{a}, {b}, {c}});
+  Filter centers(1, data, 1.0);
+  const double mean = (a + b + c) / 3;
+  centers[0][0] = mean;
+  // About 0.047 by rights; but the three terms are near 3e16 and 6e16, where doubles are 4 or 8
+  // apart.
+  const double written = (a * a + b * b + c * c) - 2 * (mean * (a + b + c)) + 3 * (mean * mean);
+  ASSERT_EQ(written, -8.0);
+  EXPECT_EQ(centers.getDists(true)[0], -8.0);
+  EXPECT_EQ(centers.getDist(true), -8.0);
+  EXPECT_EQ(centers.getAvgDist(true), -8.0 / 3);
+}
+
 TEST(KMfilterCenters, AreLazy) {
   Data data(fourOnALine);
   Filter centers(2, data, 1.0);
@@ -181,12 +240,15 @@ TEST(KMfilterCenters, DampingGoesPartOfTheWay) {
 }
 
 TEST(KMfilterCenters, MoveFollowsTheWrittenOrderOfArithmetic) {
-  Data data({{0.1}, {0.2}, {0.7}});
-  Filter centers(1, data, 0.3);
+  Data data({{0.1}, {0.2}, {0.4}});
+  Filter centers(1, data, 0.7);
   centers[0][0] = 0.9;
-  const double sum = centers.getSums(true)[0][0];
+  const double sum = (0.1 + 0.2) + 0.4;
+  EXPECT_EQ(centers.getSums(true)[0][0], sum);
+  const double written = 0.7 * sum / 3 + (1 - 0.7) * 0.9;
+  ASSERT_NE(written, 0.7 * (sum / 3) + (1 - 0.7) * 0.9) << "the centroid is not formed first";
   centers.lloyd1Stage();
-  EXPECT_EQ(centers[0][0], 0.3 * sum / 3 + (1 - 0.3) * 0.9);
+  EXPECT_EQ(centers[0][0], written);
 }
 
 // Assignments.

@@ -264,6 +264,11 @@ TEST(KmRanInt, OfOneIsAlwaysZero) {
   for (int i = 0; i < 100000; ++i) ASSERT_EQ(kmRanInt(1), 0);
 }
 
+TEST(KmRanInt, OfNoneIsAlwaysMinusOne) {
+  // trunc(u * 0) is 0 for every u, which equals n, and so n - 1 is given.
+  for (int i = 0; i < 100000; ++i) ASSERT_EQ(kmRanInt(0), -1);
+}
+
 TEST(KmRanInt, StaysBelowItsBound) {
   std::vector<int> seen(7, 0);
   for (int i = 0; i < 100000; ++i) {

@@ -86,6 +86,9 @@ void KCleaf::filterCandidates(int* cands, int nCands) {
   for (int i = 0; i < nData; ++i) {
     const double* p = kcPts[bucket[i]];
     double squaredDistance = 0.0;
+    // Kept on purpose (KeptLeafAddsItsWholeSumOfSquaresForEachPoint): beside a point's coordinates
+    // goes the sum of squares of the leaf, not the point's own. The two are one only because the
+    // leaves of a tree hold one point; a leaf made by hand over 1 and 4 adds 17 for either.
     post(cands[kcClosestToPoint(cands, nCands, p, squaredDistance)], p, 1, sumSq);
   }
 }

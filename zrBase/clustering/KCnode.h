@@ -28,6 +28,10 @@ class ZRBASE_EXPORT KCnode {
   virtual void collectStats(int& n, double*& sum, double& sumSq) = 0;
 
   /// Posts all points below to the nearest of some centers: adds them to its statistics.
+  ///
+  /// Where a leaf has to choose, it takes each point's present coordinates, and with each its own
+  /// sum of squares, of all its points, as collectStats() left it. That is the point's squared norm
+  /// only in a leaf of one point that has not moved since.
   /// @param cands  indices of centers; between equal distances the first that no split has dropped
   /// wins
   /// @param nCands  at least 1. If it is 1, all points are posted at once

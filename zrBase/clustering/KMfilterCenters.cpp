@@ -146,6 +146,10 @@ void KMfilterCenters::computeDistortion() {
       centerBySum += ctrs[j][d] * sums[j][d];
     }
     // The sum of |p - c|^2 over the points p of center c, multiplied out.
+    // Kept on purpose (KeptDistortionMayComeOutBelowZero): where the points lie far from the origin
+    // and close together, rounding is all that is left, and it may be negative: -8 for 1e8 + .1,
+    // 1e8 + .2 and 1e8 + .4 around their mean. It is neither raised to 0 nor formed from the
+    // points.
     dists[j] = sumSqs[j] - 2 * centerBySum + weights[j] * centerByCenter;
     currDist += dists[j];
   }

@@ -30,6 +30,9 @@ class PostReader {
       double* const sums = kcSums[note->center];
       for (std::size_t d = 0; d < width(); ++d) sums[d] += note->sum[d];
       kcWeights[note->center] += note->n;
+      // Kept on purpose (KeptMovedPointKeepsItsFormerNorm): at a leaf met with several candidates
+      // the sum is the point as it is now, but the sum of squares is the leaf's, of the point as it
+      // was when the tree was built, as in KCleaf::filterCandidates.
       kcSumSqs[note->center] += KCaccess::sumSq(node);
     }
   }

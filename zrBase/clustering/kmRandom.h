@@ -18,7 +18,7 @@ ZRBASE_EXPORT double kmRan0();
 
 /// Next random int from 0 to n - 1, by one draw of kmRan0(): trunc(kmRan0() n).
 ///
-/// A draw of exactly 1.0 gives n - 1. The result is always 0 for n = 1, and -1 or 0 for n = 0.
+/// A draw of exactly 1.0 gives n - 1. The result is always 0 for n = 1, and always -1 for n = 0.
 ZRBASE_EXPORT int kmRanInt(int n);
 
 /// Next random number from lo to hi, both possible, by one draw of kmRan0().

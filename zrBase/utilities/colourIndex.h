@@ -7,9 +7,9 @@
 
 /// A colour as three fractions from 0.0 to 1.0.
 struct ACADRGB {
-  double red;
-  double green;
-  double blue;
+  double red;    ///< 0.0 to 1.0
+  double green;  ///< 0.0 to 1.0
+  double blue;   ///< 0.0 to 1.0
 };
 
 /// The Acad colour index, 1 to 255, and hue, saturation and value.

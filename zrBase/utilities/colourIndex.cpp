@@ -59,7 +59,8 @@ constexpr ACADRGB wheelColour(int sector, double low, double rising, double fall
 
 /// The colour of an index from 10 to 249.
 constexpr ACADRGB hueColour(int index) {
-  const double position = (index - 10) / 10 * 0.25;
+  const int tens = (index - 10) / 10;
+  const double position = tens * 0.25;
   const int sector = static_cast<int>(position);
   const double t = position - sector;
   const int shade = index % 10;

@@ -183,7 +183,7 @@ class KCwalk {
   List remaining(const List& list, int nKept) {
     List kept = {list.firstId + static_cast<std::size_t>(list.nCands),
                  list.firstTwo + static_cast<std::size_t>(list.nTwos()), 0, 0};
-    const std::size_t room = static_cast<std::size_t>(list.nCands + 2);
+    const std::size_t room = static_cast<std::size_t>(list.nCands) + 2;
     if (ids_.size() < kept.firstId + room) ids_.resize(2 * (kept.firstId + room));
     if (twos_.size() < (kept.firstTwo + room) * sizeOfTwo()) {
       twos_.resize(2 * (kept.firstTwo + room) * sizeOfTwo());
